@@ -1,0 +1,28 @@
+# add_layer_test(NAME LAYER layer SOURCES file... [LIBRARIES target...] [DISPLAY])
+#
+# One GoogleTest binary; CTest runs every case in a process of its own, so start-up state needs no
+# reset. With DISPLAY the cases run under a virtual X server with a window manager, one at a time
+# on that display, and carry the label `display`.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+function(add_layer_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY" "LAYER" "SOURCES;LIBRARIES")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main
+                                        gemwright_warnings)
+  target_compile_definitions(${name} PRIVATE
+    GEMWRIGHT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    GEMWRIGHT_EXAMPLES="${PROJECT_SOURCE_DIR}/data/examples")
+  set(labels ${arg_LAYER})
+  set(properties TIMEOUT 120
+      ENVIRONMENT "LSAN_OPTIONS=suppressions=${GEMWRIGHT_LSAN_SUPPRESSIONS}:print_suppressions=0")
+  if(arg_DISPLAY)
+    list(APPEND labels display)
+    list(APPEND properties RESOURCE_LOCK ${name}_display)
+    set_target_properties(${name} PROPERTIES
+      CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/tests/support/with_display")
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST
+                       PROPERTIES LABELS "${labels}" ${properties})
+endfunction()
