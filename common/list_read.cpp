@@ -28,6 +28,7 @@ bool Record::skip_separator() {
 }
 
 void Record::take_quoted(char quote) {
+    unquoted_.clear();
     rest_.remove_prefix(1);
     while (!rest_.empty()) {
         const char c = rest_.front();
@@ -36,7 +37,7 @@ void Record::take_quoted(char quote) {
             if (!rest_.starts_with(quote)) return;
             rest_.remove_prefix(1);
         }
-        item_ += c;
+        unquoted_ += c;
     }
 }
 
@@ -49,7 +50,6 @@ void Record::take_plain() {
 std::optional<std::string_view> Record::next() {
     if (failed_ || slash_) return std::nullopt;
     if (repeats_ == 0) {
-        item_.clear();
         quoted_ = null_item_ = false;
         repeats_ = 1;
         if (!skip_separator()) {
@@ -61,7 +61,8 @@ std::optional<std::string_view> Record::next() {
             slash_ = true;
             return std::nullopt;
         } else {
-            const std::size_t digits = std::min(rest_.find_first_not_of("0123456789"), rest_.size());
+            const std::size_t digits =
+                std::min(rest_.find_first_not_of("0123456789"), rest_.size());
             if (digits > 0 && digits < rest_.size() && rest_[digits] == '*') {
                 const std::optional<int> count = number_field::to_int(rest_.substr(0, digits));
                 if (!count || *count < 1) {
@@ -83,7 +84,7 @@ std::optional<std::string_view> Record::next() {
     }
     --repeats_;
     if (null_item_) return std::nullopt;
-    return item_;
+    return quoted_ ? std::string_view(unquoted_) : item_;
 }
 
 bool Record::read(float& value) {

@@ -50,10 +50,11 @@ private:
     void take_plain();
 
     std::string_view rest_;
-    std::string item_;
-    int repeats_ = 0;          ///< how often item_ is still to be given
-    bool null_item_ = false;   ///< item_ leaves its target as it was
-    bool quoted_ = false;      ///< item_ stood in quotes: no number, no repeat
+    std::string_view item_;
+    std::string unquoted_;    ///< the item in place of item_, when it stood in quotes
+    int repeats_ = 0;         ///< how often item_ is still to be given
+    bool null_item_ = false;  ///< item_ leaves its target as it was
+    bool quoted_ = false;     ///< item_ stood in quotes: no number, no repeat
     bool first_ = true;
     bool slash_ = false;
     bool failed_ = false;
