@@ -1,0 +1,64 @@
+#include "scene/wcfgl_quaternion.hpp"
+
+#include "crystal/math_gen.hpp"
+#include "scene/wcfgl_geometry.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace wcfgl_quaternion {
+namespace {
+
+constexpr float shortest_axis = 1e-8f;
+constexpr float smallest_sine = 1e-10f;
+
+Vector3f vector_part(const Quaternion& q) { return {q[1], q[2], q[3]}; }
+Quaternion quaternion(float s, const Vector3f& v) { return {s, v[0], v[1], v[2]}; }
+
+}  // namespace
+
+Quaternion q_mult_q(const Quaternion& a, const Quaternion& b) {
+    using namespace wcfgl_geometry;
+    const Vector3f va = vector_part(a);
+    const Vector3f vb = vector_part(b);
+    const float s = a[0] * b[0] - vect3d_scal_vect3d(va, vb);
+    const Vector3f v = a[0] * vb + b[0] * va + vect3d_vect_vect3d(va, vb);
+    return quaternion(s, v);
+}
+
+Quaternion q_from_rot(float angle, const Vector3f& axis) {
+    const float length = wcfgl_geometry::vect_norm_3d(axis);
+    if (length < shortest_axis) return identity;
+    const float half = angle * 0.5f;
+    const float sine = math_gen::sind(half);
+    return {math_gen::cosd(half), sine * axis[0] / length, sine * axis[1] / length,
+            sine * axis[2] / length};
+}
+
+Vector3f q_rot_vect(const Quaternion& q, const Vector3f& v) {
+    const Quaternion conjugate = quaternion(q[0], -vector_part(q));
+    return vector_part(q_mult_q(q_mult_q(q, quaternion(0.0f, v)), conjugate));
+}
+
+AngleAxis rot_from_q(const Quaternion& q) {
+    // acosd takes a scalar that has drifted beyond 1 in many products back to the end of its range.
+    const float angle = 2.0f * math_gen::acosd(q[0]);
+    const float sine = math_gen::sind(angle * 0.5f);
+    const Vector3f v = vector_part(q);
+    if (std::abs(sine) <= smallest_sine) return {angle, v};
+    return {angle, {v[0] / sine, v[1] / sine, v[2] / sine}};
+}
+
+Matrix4f quat2mat(const Quaternion& q) {
+    const auto [w, x, y, z] = q;
+    // clang-format off
+    return {
+        1.0f - 2.0f * y * y - 2.0f * z * z, 2.0f * x * y + 2.0f * w * z, 2.0f * x * z - 2.0f * w * y, 0.0f,
+        2.0f * x * y - 2.0f * w * z, 1.0f - 2.0f * x * x - 2.0f * z * z, 2.0f * y * z + 2.0f * w * x, 0.0f,
+        2.0f * x * z + 2.0f * w * y, 2.0f * y * z - 2.0f * w * x, 1.0f - 2.0f * x * x - 2.0f * y * y, 0.0f,
+        0.0f, 0.0f, 0.0f, 1.0f,
+    };
+    // clang-format on
+}
+
+}  // namespace wcfgl_quaternion
