@@ -1,0 +1,39 @@
+/// Fonts as Motif knows them, and text drawn with them outside Motif's widgets.
+///
+/// A font is a render table, so that X fonts and scalable Xft fonts serve alike: widgets take the
+/// table as XmNrenderTable, the toolkit's own drawing goes through draw_text.
+#pragma once
+
+#include <Xm/Xm.h>
+
+#include <string>
+#include <string_view>
+
+namespace tesserakit {
+
+/// Pixels; widths over the printable characters 32 to 126.
+struct FontMeasures {
+    int ascent = 0;
+    int descent = 0;
+    int smallest_width = 0;
+    int largest_width = 0;
+};
+
+struct TextFont {
+    XmRenderTable table = nullptr;
+    FontMeasures measures;
+    int height() const { return measures.ascent + measures.descent; }
+};
+
+/// Loads `name`, an Xft name ("Sans-10") or an X font name ("-*-..." or an alias without a size
+/// such as "fixed"); a font that can't be had is replaced by "fixed".
+TextFont load_font(const std::string& name);
+void free_font(TextFont& font);
+
+/// Width of `text` in pixels, as draw_text draws it.
+int text_width(const TextFont& font, std::string_view text);
+/// Draws `text` (in the encoding of the locale) with its baseline at y in the foreground of `gc`.
+void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseline,
+               std::string_view text);
+
+}  // namespace tesserakit

@@ -1,0 +1,16 @@
+/// The OpenGL context and what it draws on.
+#pragma once
+
+namespace tesserakit {
+
+/// Which target the context is on.
+enum class GlTarget { Nothing = 0, Window = 1, Bitmap = 2, Field = 3 };
+
+/// Unbinds the context from a window, bitmap or dialog that is about to go away.
+void gl_forget_window(int window);
+void gl_forget_bitmap(int handle);
+void gl_forget_dialog(int dialog_slot);
+/// Ends OpenGL with the display.
+void gl_shutdown();
+
+}  // namespace tesserakit

@@ -1,0 +1,38 @@
+/// The menu bar of a window.
+#pragma once
+
+#include <X11/Intrinsic.h>
+
+namespace tesserakit {
+
+/// For now a bar without items: it has its place, its height and its look.
+struct MenuBar {
+    int identifier = 0;  ///< of the menu in the resource
+    Window window = 0;   ///< child of the MainWindow
+    int rows = 1;        ///< of the bar; each is yymenuheight() high
+};
+
+/// iMenuHeight: height of one row of a menu, ascent, descent and 7.
+int yymenuheight();
+
+/// Builds the bar of `menu` for a window, at the top of its MainWindow. Without such a menu in
+/// the resource: error 1002, and no bar.
+void yymncreate(int menu, int window);
+void yymndestroy(int window);
+/// Gives the bar its width; answers the height that it takes.
+int yymnresize(int window, int width);
+void yymndraw(int window);
+/// Height that the bar takes at this width, 0 without one.
+int yymnheight(int window);
+
+/// pwActiveMenu: a menu is pulled down, and has all input.
+bool yymenuactive();
+void yymndeactivate();
+
+/// A mnemonic's item, and an accelerator's; 0 for a key that is none's.
+int yymninterpretkey(KeySym key, int window, unsigned state);
+int yyacinterpretkey(KeySym key, int window, unsigned state);
+/// A press in or out of the menu; true when it was the menu's.
+bool yymninterpretbutton(const XButtonEvent& event, int window);
+
+}  // namespace tesserakit

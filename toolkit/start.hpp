@@ -1,0 +1,86 @@
+/// The connection to the display, the resource values, and what the environment sets.
+#pragma once
+
+#include "toolkit/fonts.hpp"
+
+#include <X11/Intrinsic.h>
+
+#include <string>
+
+namespace tesserakit {
+
+/// The open display; all null before winitialise. The visual, depth and colour map are the screen's
+/// default ones: every widget but an OpenGL one has them.
+struct DisplayInfo {
+    XtAppContext app = nullptr;
+    Display* display = nullptr;
+    Screen* screen = nullptr;
+    int screen_number = 0;
+    Window root = 0;
+    int width = 0;  ///< pixels
+    int height = 0;
+    int depth = 0;
+    Visual* visual = nullptr;
+    Colormap colormap = 0;
+    Widget root_widget = nullptr;  ///< never shown shell, parent of dialogs without a window
+    Atom wm_protocols = 0;
+    Atom wm_delete_window = 0;
+    Atom wm_colormap_windows = 0;
+};
+extern DisplayInfo yydisplay;
+
+/// Colours of everything that the toolkit draws by itself, from the X resource "background" and
+/// the shades that Motif derives from it.
+struct ColourScheme {
+    Pixel background = 0;
+    Pixel foreground = 0;
+    Pixel top_shadow = 0;
+    Pixel bottom_shadow = 0;
+    Pixel select = 0;     ///< armed buttons and toggles
+    Pixel disabled = 0;   ///< greyed text
+    Pixel highlight = 0;  ///< background of the item under the pointer
+    Pixel highlight_text = 0;
+    Pixel field = 0;  ///< background of text fields and lists
+    Pixel tooltip = 0;
+    Pixel black = 0;
+    Pixel white = 0;
+};
+extern ColourScheme wSchemeCol;
+/// Fills wSchemeCol. Needs the display.
+void yycolorschemeinit();
+
+/// Fonts of the run, made at start-up from the X resources dialogFont, symbolFont, menuFont and
+/// statusFont of the application class Tess (names for Xft, such as "Sans-10", or X font names).
+struct Fonts {
+    TextFont dialog;  ///< fields of dialogs; their units come from its measures
+    TextFont symbol;  ///< Greek letters of labels in the symbol font
+    TextFont menu;
+    TextFont status;
+    TextFont fixed;  ///< columns line up: text editor
+};
+extern Fonts wFonts;
+
+/// Horizontal pixels of 4 and vertical pixels of 8 dialog units.
+struct DialogUnits {
+    int horizontal = 1;
+    int vertical = 1;
+};
+/// From the measures of a font: half of (smallest + largest width) and ascent + descent, each
+/// with a tenth added, cut, and at least 1.
+DialogUnits dialog_units_of(const FontMeasures& measures);
+
+/// What the environment and the initialisation file say.
+struct Settings {
+    std::string root_directory = "/usr/local/tess/";  ///< with its trailing slash
+    std::string character_directory;                  ///< CHARDIR
+    std::string character_set = "standard.chr";       ///< CHARSET
+    std::string browser = "mozilla";                  ///< BROWSER
+    std::string pdf_reader = "xpdf";                  ///< PDFREAD
+    int debug_level = 0;                              ///< DEBUG, before it TESSDEBUG
+    int hpgl_dialect = 0;                             ///< HPGL2
+    int plotter = 0;                                  ///< PLOTTER
+    int printer = 0;                                  ///< PRINTER
+};
+extern Settings settings;
+
+}  // namespace tesserakit

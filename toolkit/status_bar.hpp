@@ -1,0 +1,48 @@
+/// The status bar of a window: sunken parts with one text each.
+#pragma once
+
+#include <X11/Intrinsic.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tesserakit {
+
+inline constexpr int status_parts = 255;
+inline constexpr int rest_of_width = -1;
+
+enum class StatusAlignment { Left, Centre, Right };
+
+struct StatusPart {
+    Window window = 0;
+    int right_edge = rest_of_width;  ///< as asked, in pixels; rest_of_width takes what is left
+    StatusAlignment alignment = StatusAlignment::Left;
+    std::string text;
+};
+
+struct StatusBar {
+    Widget widget = nullptr;
+    Window window = 0;
+    std::vector<StatusPart> parts;
+    int stretching = -1;  ///< index of the part that takes the rest of the width
+    std::string help;     ///< shown over all parts instead of their texts while not empty
+};
+
+/// Height of every status bar in pixels: ascent, descent and 12.
+int isbarHeight();
+
+/// Builds the bar of a window with one part.
+void yystatusbarcreate(int window);
+/// Divides the bar into parts that end at `right_edges`.
+void yysetstatusbar2(int window, const std::vector<int>& right_edges);
+/// Text of a part counted from 1; leading tabs align it.
+void yysetstatustext2(int window, int part, std::string_view text);
+/// Draws all parts.
+void yystatusbardraw(int window);
+/// Prompt of a menu item over the whole bar; an empty text brings the parts back.
+void yyStatusBarHelp(int window, std::string_view prompt);
+/// The bar got this width.
+void yystatusbarresize(int window, int width);
+
+}  // namespace tesserakit

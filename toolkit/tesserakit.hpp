@@ -1,0 +1,242 @@
+/// The toolkit's public calls: windows, messages, drawables, errors, dialogs.
+///
+/// Identifiers, integers, reals and text only. The calls act on what is selected: one current
+/// window, one dialog, one drawable, one OpenGL target (gl_calls.hpp). None of them fails by its
+/// return: a failure leaves things as they were, and its code for infoerror(1).
+#pragma once
+
+#include "toolkit/gl_calls.hpp"
+#include "toolkit/message_record.hpp"
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tesserakit {
+
+// Start and end
+
+/// Opens the display and reads the environment and the initialisation file: `inifile` if it
+/// exists, else TESSINIT's, else tesser.ini in the working directory, else in the toolkit's own.
+/// Without a display it says so on the standard error and ends the program. Later calls do
+/// nothing.
+void winitialise(std::string_view inifile = {});
+
+/// Closes all windows and frees all that the toolkit holds.
+void windowclose();
+
+/// Waits `milliseconds`, redrawing exposed dialogs. Input waits in the queue.
+void ioswait(int milliseconds);
+
+// Errors
+
+/// 1: code of the last error, 0 for none; 2, 3: its details. A read clears what it reads.
+int infoerror(int slot);
+/// The text of an error code; empty for a code that has none.
+std::string_view winfoerrormessage(int code);
+
+// Windows
+
+inline constexpr int window_centred = -999999;
+
+/// Bits of the flags of a window.
+enum WindowFlag : int {
+    WindowFrameFixed = 3,     ///< frame requests that a fixed size leaves alone; stored only
+    WindowFrameSizing = 12,   ///< frame requests that are off when the dialog fixes the size
+    WindowInsideParent = 16,  ///< on the parent's client area, position and size in 1/9999 of it
+    WindowStatusBar = 32,
+    WindowFixedSize = 64,
+    WindowHidden = 128,
+    WindowOwned = 256  ///< stays above its parent
+};
+
+/// What a new window is to be like. Absent sizes are 80 percent of the screen (8000 with
+/// WindowInsideParent).
+struct WindowRequest {
+    int flags = 7;
+    int x = window_centred;  ///< pixels on the screen
+    int y = window_centred;
+    int width = 0;  ///< of the client area, in pixels; below 1: the default
+    int height = 0;
+    int menu = 0;                   ///< menu identifier, 0 none
+    std::array<int, 4> toolbars{};  ///< top, left, right, bottom; 0 none
+    int dialog = 0;                 ///< dialog that fills the client area, 0 none
+    std::string_view title;
+    int colours = 16;  ///< colours kept free on an 8-bit display: 16, 32, 64 or 128
+};
+
+/// Opens the root window, slot 0. A dialog that can't be shown in it leaves an error (1007 not in
+/// the resource, 1045 wrong style, 1088 no room) and an empty window. The dialog becomes current.
+void windowopen2(const WindowRequest& request = {});
+
+/// Opens a further window and makes it current; answers its slot, 1 to 50, or a negative code:
+/// -1 no free slot, or dialog not in the resource; -2 parent hidden, or dialog of the wrong style;
+/// -3 parent carries a dialog, or no room for the dialog; -4 parent not a plain window; -5 no such
+/// parent, or dialog loaded already.
+int windowopenchild2(const WindowRequest& request = {}, int parent = 0);
+
+/// Closes a window and those inside it. The root window can't be closed by itself (1003).
+void windowclosechild(int window);
+
+/// Makes a window current; 1003 if there is none of that slot.
+void windowselect(int window);
+
+/// Between units of 0 to 9999 of the current window's client area and its pixels; both round
+/// towards zero.
+void windowunitstopixels(int x_units, int y_units, int& x_pixels, int& y_pixels);
+void windowunitsfrompixels(int x_pixels, int y_pixels, int& x_units, int& y_units);
+
+/// Text of part 1 to 255 of the current window's status bar; one leading tab centres it, two put
+/// it to the right. Other parts and windows without a bar: nothing.
+void windowoutstatusbar(int part, std::string_view text);
+
+/// Of the current window: 1 slot, 2 width, 3 height, 4 x, 5 y (pixels), 6 type, 7 visible.
+int winfowindow(int item);
+
+// Drawables
+
+/// Selects what graphics and winfodrawable act on: 1 window, 2 bitmap, 3 field of the current
+/// dialog, 4 metafile. Absent numbers: the current window, bitmap 1, field 0, metafile 1.
+/// Anything else selects the current window and leaves error 1019.
+void igrselect(int type, std::optional<int> number = {});
+
+/// Of the selected drawable: 1 type, 2 number, 3 dialog (0 if it is no field), 4 width, 5 height
+/// in pixels.
+int winfodrawable(int item);
+
+/// An off-screen bitmap of width by height pixels: handle 1 to 20, or 0 with error 1020.
+int wbitmapcreate(int width, int height);
+void wbitmapdestroy(int handle);
+
+// Messages
+
+/// The next message; waits for it.
+void wmessage(int& type, MessageRecord& record);
+/// The next message, or NoMessage at once. With NoMessage words 0 to 6 and TIME are -1 and the
+/// graphics words keep what they held.
+void wmessagepeek(int& type, MessageRecord& record);
+/// Waits until the display has something for wmessagepeek, at most `milliseconds`.
+void wmessagewait(int milliseconds);
+/// Switches a type of message on (1) or off (0).
+void wmessageenable(int type, int state);
+
+// Dialogs
+//
+// A dialog of the resource block stays loaded until it is unloaded; its fields keep what they show
+// while it is hidden. All calls but the first two act on the fields of the current dialog: without
+// one they leave error 1005, and a field that it doesn't have, or of a type that the call doesn't
+// serve, leaves 1006. A put is no change by the user: it raises no message.
+
+/// What a value is set to when its field is empty (error 1010).
+inline constexpr int undefined_integer = -999999;
+inline constexpr float undefined_real = -999999.0f;
+inline constexpr double undefined_double = -999999.0;
+
+inline constexpr int dialog_centred = -1;
+
+/// Modes of wdialogshow. A modal dialog's call returns when a button ends it.
+enum DialogMode : int { DialogModal = 1, DialogModeless = 2, DialogSemiModal = 3 };
+
+/// States of a field.
+enum FieldState : int {
+    FieldDisabled = 0,  ///< greyed
+    FieldEnabled = 1,
+    FieldReadOnly = 2,
+    FieldHidden = 3
+};
+
+/// Loads a dialog, unless it is loaded already, and makes it current, together with the pages of
+/// its tabs; 1007 when the resource has none of that identifier, or all 100 slots are in use.
+void wdialogload(int dialog);
+/// Makes a loaded dialog current, and 1008 for any other.
+void wdialogselect(int dialog);
+/// Shows the current dialog, in front. x and y are pixels on the screen, or in the parent's client
+/// area for a dialog inside a window. `field` gets the focus, 0 the first that can have it. 1014
+/// for a modeless dialog while a semi-modal object is up (it is shown semi-modal), 1016, 1046,
+/// 1047 when its place can't show it.
+void wdialogshow(int x = dialog_centred, int y = dialog_centred, int field = 0,
+                 int mode = DialogModeless);
+/// Hides the current dialog. A page of a tab can't be hidden or unloaded by itself.
+void wdialoghide();
+/// Frees the current dialog and its pages; no dialog is current then.
+void wdialogunload();
+void wdialogtitle(std::string_view title);
+
+/// Sets a FieldState; any other state changes nothing.
+void wdialogfieldstate(int field, int state);
+/// Moves the focus.
+void wdialogsetfield(int field);
+
+/// Value of a numeric field: as last put in full precision, or as typed since; 1010 and the
+/// undefined value when it is empty or isn't a number.
+void wdialoggetinteger(int field, int& value);
+void wdialoggetreal(int field, float& value);
+void wdialoggetdouble(int field, double& value);
+/// Shows a value by `format`, such as "(f7.2)", or else by the field's own, or "(G15.5E2)"; the
+/// format stays with the field. 1009 outside the field's range: the field keeps its text.
+void wdialogputinteger(int field, int value, std::string_view format = {});
+void wdialogputreal(int field, float value, std::string_view format = {});
+void wdialogputdouble(int field, double value, std::string_view format = {});
+/// Range of an Integer field. A low end not below the high one means that every value is good.
+void wdialograngeinteger(int field, int low, int high);
+/// Steps of the arrows of a Real spinner: with Control held the arrows take the big one, which is
+/// the small one when absent.
+void wdialogspinnerstep2(int field, float step, std::optional<float> big_step = {});
+
+/// Text of a String, numeric, Label, Group, Button, Check, Radio or Combo field, without trailing
+/// blanks. Text is UTF-8.
+void wdialoggetstring(int field, std::string& text);
+void wdialoggetstringlength(int field, int& length);
+void wdialogputstring(int field, std::string_view text);
+
+void wdialoggetcheckbox(int field, int& state);
+/// Any state but 0 sets the box.
+void wdialogputcheckbox(int field, int state);
+/// `field` is any radio button of a group; the ordinal of the set one counts from 1.
+void wdialoggetradiobutton(int field, int& ordinal);
+/// Sets one radio button and clears the others of its group.
+void wdialogputradiobutton(int field);
+
+/// Option selected in a List or Combo, from 1; 0 for none.
+void wdialoggetmenu1(int field, int& option);
+/// Text of the selected option, empty for none.
+void wdialoggetmenu2(int field, std::string& text);
+/// Replaces all options and selects one, 0 for none (1011 for one that isn't there: none).
+void wdialogputmenu1(int field, std::span<const std::string> options, int selected = 0);
+/// Selects an option, 0 for none; 1011 for one that isn't there.
+void wdialogputmenu2(int field, int option);
+/// As wdialogputmenu2, but 0 is refused as well.
+void wdialogputoption1(int field, int option);
+
+void wdialoggettrackbar(int field, int& value);
+void wdialoggettrackbar(int field, int& value, int& minimum, int& maximum);
+/// The value is moved into the range. A minimum not below the maximum is refused: 1009.
+void wdialogputtrackbar(int field, int value, std::optional<int> minimum = {},
+                        std::optional<int> maximum = {});
+
+/// The value is moved into the range of the bar.
+void wdialogputprogressbar(int field, int value);
+/// 1013 unless minimum is below maximum.
+void wdialograngeprogressbar(int field, int minimum, int maximum);
+
+/// Brings the page of a dialog to the front of a Tab; 1012 if the tab doesn't have it.
+void wdialogputtab(int field, int dialog);
+/// Dialog of the page in front, 0 for none.
+void wdialoggettab(int field, int& dialog);
+
+/// Shows `rows` rows, 0 to the capacity; 1018 for 0, which empties the grid, and for more, which
+/// shows as many as there can be.
+void wgridrows(int field, int rows);
+/// Column and row count from 1; 1017 outside the rows shown.
+void wgridputcellstring(int field, int column, int row, std::string_view text);
+void wgridgetcellstring(int field, int column, int row, std::string& text);
+void wgridlabelrow(int field, int row, std::string_view text);
+
+/// 1: button that ended the current dialog; 2: field that had the focus last; 3: current dialog;
+/// 4: field of the last button message; 5: dialog that a button ended last; 6, 7: position;
+/// 8, 9: size, all in pixels; 10: type of the dialog: 0 hidden, else its DialogMode. 0 otherwise.
+int winfodialog(int item);
+
+}  // namespace tesserakit

@@ -1,0 +1,52 @@
+/// Arithmetic of a window's parts. No X here.
+#pragma once
+
+namespace tesserakit {
+
+/// Pixels.
+struct Box {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    friend bool operator==(const Box&, const Box&) = default;
+};
+
+/// Sides of toolbars, in the order of the toolbar arguments.
+enum Side : int { TopSide = 0, LeftSide = 1, RightSide = 2, BottomSide = 3 };
+
+/// What stands around the client area; 0 for what a window doesn't have.
+struct Surroundings {
+    int menu_height = 0;
+    int status_height = 0;          ///< of the bar itself; a line of 1 pixel stands above it
+    int toolbar[4] = {0, 0, 0, 0};  ///< thickness by side
+
+    int horizontal() const { return toolbar[LeftSide] + toolbar[RightSide]; }
+    int vertical() const {
+        return menu_height + toolbar[TopSide] + toolbar[BottomSide] +
+               (status_height > 0 ? status_height + 1 : 0);
+    }
+};
+
+/// Where the parts stand in a window of a given size. The left and right toolbars stand between the
+/// top and the bottom one; every extent is at least 1.
+struct WindowLayout {
+    Box menu;
+    Box toolbar[4];
+    Box status;
+    Box client;
+};
+WindowLayout layout_window(int width, int height, const Surroundings& around);
+
+/// pixel = unit (size - 1) / 9999 and back, rounded towards zero; a size of 1 answers 0.
+int pixels_from_units(int units, int size);
+int units_from_pixels(int pixels, int size);
+
+/// Size of a new client area: as asked, or 80 percent of the screen's when below 1.
+int default_extent(int asked, int screen_extent);
+/// Position on the screen (or in a parent of that extent): as asked, or centred.
+int default_position(int asked, int extent, int available);
+/// Size and position inside a parent, in 1/9999 of its extent; sizes below 1 stand for 8000.
+Box inside_parent(int x, int y, int width, int height, int parent_width, int parent_height);
+
+}  // namespace tesserakit
