@@ -69,8 +69,8 @@ void set_too_many_words();
 
 /// All words of the line, each cut at N. The count returned is one above the size of `words`, with
 /// err_string set, when there are more words than it holds; those it holds are stored.
-template <std::size_t N>
-int getword(std::string_view line, std::span<FixedText<N>> words) {
+template <std::size_t N, std::size_t Extent>
+int getword(std::string_view line, std::span<FixedText<N>, Extent> words) {
     std::ranges::fill(words, FixedText<N>{});
     std::size_t count = 0;
     for (std::string_view word = cutst(line); !word.empty(); word = cutst(line)) {
