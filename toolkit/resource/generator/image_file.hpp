@@ -1,0 +1,22 @@
+/// Image files of the catalogue, and the text form that the resource block keeps them in.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "toolkit/resource/generator/catalogue.hpp"
+
+namespace catalogue {
+
+/// Reads the PNG file `path` into `image.pixels`, four bits a component, rounded to the nearest
+/// shade that the screen will show. A pixel that is more than half transparent becomes
+/// transparent in an icon, and in a bitmap the shade that stands for the dialog's background.
+/// Notes a file that can't be read or that isn't of the size told.
+void read_image_file(const std::string& path, Image& image, Errors& errors);
+
+/// Two characters a code: a run's length where it is above 1, then its colour. No run passes the
+/// end of a row.
+std::string image_codes(std::span<const std::uint16_t> pixels, int width);
+
+}  // namespace catalogue
