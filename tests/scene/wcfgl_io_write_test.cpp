@@ -1,0 +1,167 @@
+// The writer's own lines, and what saving does to files.
+#include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "scene/wcfgl_display.hpp"
+#include "scene/wcfgl_io.hpp"
+#include "scene/wcfgl_metrix.hpp"
+#include "tests/support/scene_calls.hpp"
+#include "tests/support/temp_file.hpp"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr Quaternion no_turn{1, 0, 0, 0};
+
+void write(const std::string& name, const Quaternion& view = no_turn) {
+    wcfgl_io::write_gwr_file(std::string_view(name), view);
+}
+bool is_open(const std::string& name) { return wcfgl_io::file_is_open(std::string_view(name)); }
+
+std::string written(const Quaternion& view = no_turn) {
+    const TempDirectory directory;
+    write(directory.name("a.gwr"), view);
+    EXPECT_EQ(wcfgl_io::err_flag, 0);
+    return content_of(directory.name("a.gwr"));
+}
+
+long entries(const TempDirectory& directory) {
+    return std::distance(fs::directory_iterator(directory.path()), fs::directory_iterator());
+}
+
+fs::perms permissions(const std::string& name) { return fs::status(name).permissions(); }
+
+TEST(WriteFile, AnEmptyModelHasBackgroundAndViewAlone) {
+    wcfgl_metrix::current_cell.reset();
+    EXPECT_EQ(written(),
+              "BKG  0.000  0.000  0.000  1.000\n"
+              "ROTAX     0.000  0.00000  0.00000  0.00000\n");
+}
+
+TEST(WriteFile, EveryLineHasItsWidths) {
+    wcfgl_display::background_colour = {0.25f, -0.5f, 1.0f, 12.3456f};
+    wcfgl_metrix::define_cell({5.43f, 5.43f, 11.00004f}, {90, 90, 120});
+    wcfgl_metrix::current_cell->nodisplay = 1;
+    wcfgl_metrix::current_box = {-0.1f, 1.1f, -100.5f, 0.0f, -1000.0f, 1e30f};
+    wcfgl_metrix::current_space_group.emplace().spg_symb = "F m -3 m";
+    scene_calls::atom_text = "<atoms>\n";
+    scene_calls::bond_text = "<bonds>\n";
+    scene_calls::magnetic_text = "<block>\n";
+    const std::string sixty_about_y = written({0.8660254f, 0, 0.5f, 0});
+    EXPECT_EQ(sixty_about_y,
+              "BKG  0.250 -0.500  1.000 12.346\n"
+              "CELL     5.4300    5.4300   11.0000   90.0000   90.0000  120.0000"
+              " COLOR  0.500  0.500  0.500  1.000          NODISPLAY\n"
+              "BOX  -0.100   1.100-100.500   0.000****************\n"
+              "ROTAX    60.000  0.00000  1.00000  0.00000\n"
+              "SPACEG F m -3 m            \n"
+              "<atoms>\n<bonds>\n<block>\n");
+    wcfgl_metrix::current_cell->nodisplay = 0;
+    wcfgl_metrix::current_cell->multiple = 1;
+    EXPECT_NE(written().find("  1.000 MULTIPLE          \n"), std::string::npos);
+}
+
+TEST(WriteFile, AFileThatThisProcessHoldsOpenIsNotWritten) {
+    const TempDirectory directory;
+    const std::string name = directory.file("a.gwr", "old");
+    fs::create_symlink("a.gwr", directory.name("link"));
+    const int descriptor = ::open(name.c_str(), O_RDONLY);
+    ASSERT_GE(descriptor, 0);
+    EXPECT_TRUE(is_open(name));
+    EXPECT_TRUE(is_open(directory.name("link")));
+    write(name);
+    EXPECT_EQ(wcfgl_io::err_flag, 1);
+    EXPECT_EQ(wcfgl_io::err_mess.trimmed(),
+              " The file is being edited! Please close the file before saving!");
+    EXPECT_EQ(content_of(name), "old");
+    ::close(descriptor);
+    EXPECT_FALSE(is_open(name));
+    write(name);
+    EXPECT_EQ(wcfgl_io::err_flag, 0);
+    EXPECT_TRUE(wcfgl_io::err_mess.blank());
+    EXPECT_TRUE(content_of(name).starts_with("BKG"));
+}
+
+TEST(WriteFile, ReplacesTheFileWithItsPermissionsAndLeavesNothingBeside) {
+    const TempDirectory directory;
+    const std::string name = directory.file("a.gwr", "old");
+    fs::permissions(name, fs::perms(0640));
+    write(name);
+    EXPECT_TRUE(content_of(name).starts_with("BKG"));
+    EXPECT_EQ(permissions(name), fs::perms(0640));
+    EXPECT_EQ(entries(directory), 1);
+}
+
+TEST(WriteFile, ANewFileHasTheUsersDefaultPermissions) {
+    const TempDirectory directory;
+    const mode_t before = ::umask(027);
+    write(directory.name("a.gwr"));
+    ::umask(before);
+    EXPECT_EQ(permissions(directory.name("a.gwr")), fs::perms(0640));
+}
+
+TEST(WriteFile, LinksStayAndTheirTargetIsReplaced) {
+    const TempDirectory directory;
+    fs::create_directory(directory.path() / "deep");
+    directory.file("deep/a.gwr", "old");
+    fs::create_symlink("deep/a.gwr", directory.name("one"));
+    fs::create_symlink(directory.path() / "one", directory.name("two"));
+    fs::create_symlink("deep/new.gwr", directory.name("dangling"));
+    for (const char* link : {"two", "dangling"}) {
+        write(directory.name(link));
+        EXPECT_EQ(wcfgl_io::err_flag, 0);
+        EXPECT_TRUE(fs::is_symlink(directory.name(link)));
+    }
+    EXPECT_TRUE(fs::is_symlink(directory.name("one")));
+    EXPECT_TRUE(content_of(directory.name("deep/a.gwr")).starts_with("BKG"));
+    EXPECT_TRUE(content_of(directory.name("deep/new.gwr")).starts_with("BKG"));
+}
+
+TEST(WriteFile, WhatCanNotBeOpenedIsToldAndLeftAlone) {
+    const TempDirectory directory;
+    fs::create_symlink("ring", directory.name("ring"));
+    ASSERT_EQ(::mkfifo(directory.name("pipe").c_str(), 0600), 0);
+    for (const std::string& name :
+         {directory.path().string(), directory.name("none/a.gwr"), directory.name("ring"),
+          directory.name("pipe"), std::string("/dev/zero")}) {
+        SCOPED_TRACE(name);
+        write(name);
+        EXPECT_EQ(wcfgl_io::err_flag, 1);
+        const std::string message = " Error opening the file " + name;
+        EXPECT_EQ(wcfgl_io::err_mess, FixedText<80>(std::string_view(message)));
+    }
+    EXPECT_TRUE(fs::is_fifo(directory.name("pipe")));
+    EXPECT_TRUE(fs::is_character_file("/dev/zero"));
+    EXPECT_EQ(entries(directory), 2);
+}
+
+TEST(WriteFile, AFailedWriteLeavesTheOldFileWhole) {
+    const TempDirectory directory;
+    const std::string name = directory.file("a.gwr", "the old content");
+    // A file size limit fails the write halfway, as a full disk does.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit small{40, limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    write(name);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(wcfgl_io::err_flag, 1);
+    EXPECT_TRUE(wcfgl_io::err_mess.trimmed().starts_with(" Error writing the file /"));
+    EXPECT_EQ(content_of(name), "the old content");
+    EXPECT_EQ(entries(directory), 1);
+}
+
+}  // namespace
