@@ -26,8 +26,12 @@ struct DialogPlace {
 /// counts as the dialog. Null is in no dialog.
 DialogPlace yyDGplace(Widget widget);
 
-/// The slot of a loaded dialog, -1 if it isn't loaded; and its posting state, null for no slot.
+/// The slot of a loaded dialog, -1 if it isn't loaded; the identifier of a slot, -1 for none.
 int yyDGslot(int identifier);
+int yyDGidentifier(int slot);
+/// Slot of the current dialog (wDialog), -1 for none.
+int yyDGcurrent();
+/// The posting state in the record of a slot, null for a free slot.
 PostingState* yyDGposting(int slot);
 /// The semi-modal link in the record of a slot, null for a free slot.
 SemiModalLink* yyDGsemilink(int slot);
