@@ -68,11 +68,13 @@ public:
     const_iterator begin() const { return const_iterator(head_.get()); }
     const_iterator end() const { return const_iterator(); }
 
-    /// The node that was inserted last, or null.
+    /// The first node and the one that was inserted last, or null.
+    Node* head() { return head_.get(); }
+    const Node* head() const { return head_.get(); }
     Node* tail() { return tail_; }
 
     /// The node at a 1-based position, or null outside the list.
-    Node* at(int index) { return index < 1 ? nullptr : link_at(index)->get(); }
+    Node* at(int index) { return index < 1 ? nullptr : link_at(index).get(); }
     const Node* at(int index) const { return const_cast<NodeList*>(this)->at(index); }
 
     /// A new node behind the tail, with default members. `label` names the allocation if it fails.

@@ -18,8 +18,13 @@ extern Colour lamp_colour;                  ///< diffuse
 extern Colour specular_colour;              ///< of the front material
 extern int shininess;                       ///< of the front material, 0 to 128
 
-/// Sets OpenGL up, with the context current; once, and again for another context.
+/// Sets OpenGL up once, with the context current, and the model upright. Zoom, offset and the frame
+/// of a box that is defined already stay.
 void display_init();
+
+/// The part of display_init that belongs to a context: to be called again when another one has
+/// become current. The view stays.
+void init_context();
 
 /// Draws and shows a whole frame, rebuilding lists that are stale, and clears the change flags of
 /// wcfgl_metrix.

@@ -1,0 +1,193 @@
+#include "scene/wcfgl_atom_tree.hpp"
+
+#include "common/fatal.hpp"
+#include "common/number_field.hpp"
+#include "scene/box_cells.hpp"
+#include "scene/wcfgl_atomic_table.hpp"
+#include "scene/wcfgl_metrix.hpp"
+#include "scene/wcfgl_objects_definition.hpp"
+
+namespace wcfgl_atom_tree {
+namespace {
+
+struct State {
+    NodeList<AtomNode> atoms;
+};
+State& state = *new State;  // never destroyed: at exit the OpenGL context is gone
+
+constexpr std::string_view new_atom_entry = "-New atom-   ";
+
+bool is_hydrogen(const AtomNode& node) {
+    return node.atom.symbol == FixedText<2>("H") || node.atom.symbol == FixedText<2>("D");
+}
+
+void draw_sphere(const Vector3f& x, float radius) {
+    const Vector3f centre = wcfgl_metrix::f2c_r(x);
+    glPushMatrix();
+    glTranslatef(centre[0], centre[1], centre[2]);
+    glScalef(radius, radius, radius);
+    glCallList(wcfgl_objects_definition::atom_definition);
+    glPopMatrix();
+}
+
+void draw_copies(const Atom& atom) {
+    const box_cells::Cells cells = box_cells::cells_around(atom.xf_eq, 1, 1);
+    box_cells::for_each_cell(cells, [&](const Vector3i& cell) {
+        for (const Vector3f& position : atom.xf_eq) {
+            const Vector3f x = box_cells::moved(position, cell);
+            if (wcfgl_metrix::in_limit(x)) draw_sphere(x, atom.radius);
+        }
+    });
+}
+
+template <class Predicate>
+bool search(std::vector<Atom>& atomlist, Predicate matches) {
+    if (state.atoms.empty()) return false;
+    atomlist.clear();
+    fatal::allocate("atomlist", [&] {
+        for (const AtomNode& node : state.atoms)
+            if (matches(node.atom)) atomlist.push_back(node.atom);
+    });
+    return !atomlist.empty();
+}
+
+void append_number(std::string& out, float value, int width, int decimals) {
+    out += number_field::fixed(static_cast<double>(value), width, decimals);
+}
+
+void append_line(std::string& out, const AtomNode& node) {
+    const Atom& atom = node.atom;
+    out += "ATOM ";
+    out += atom.label.field();
+    out += atom.symbol.field();
+    for (const float x : atom.xf) append_number(out, x, 8, 4);
+    if (atom.default_colour == 0) {
+        out += " COLOR";
+        for (const float value : atom.colour) append_number(out, value, 6, 3);
+    }
+    out += " RADIUS";
+    append_number(out, atom.radius, 6, 3);
+    out += node.nodisplay != 0 ? " NODISPLAY" : "          ";
+    out += '\n';
+}
+
+}  // namespace
+
+void push_atom(const FixedText<10>& label, const FixedText<2>& symbol, const Vector3f& xf,
+               float reserved_value, float radius, int nodisplay,
+               const std::optional<Colour>& colour) {
+    const bool first = state.atoms.empty();
+    AtomNode& node = state.atoms.push_back(first ? "atom_list_head" : "current_node%next");
+    if (first && wcfgl_objects_definition::atom_definition == 0)
+        wcfgl_objects_definition::init_atom();
+    if (!wcfgl_metrix::current_space_group) wcfgl_metrix::init_spacegroup();
+    wcfgl_glatom::new_gl_atom(label, symbol, xf, reserved_value, radius,
+                              colour ? *colour : wcfgl_atomic_table::get_color_from_symbol(symbol),
+                              *wcfgl_metrix::current_space_group, node.atom);
+    node.atom.default_colour = colour ? 0 : 1;
+    node.nodisplay = nodisplay;
+    node.dlist.generate();
+    construct_atom_dlist(node);
+    create_main_atom_list();
+}
+
+void pop_atom(int index) { state.atoms.remove(index); }
+
+void empty_atom_list() { state.atoms.clear(); }
+
+void modify_atom(int index, const AtomChange& change) {
+    AtomNode* node = state.atoms.at(index);
+    if (node == nullptr) return;
+    Atom& atom = node->atom;
+    if (change.label) atom.label = *change.label;
+    if (change.symbol) atom.symbol = *change.symbol;
+    if (change.nodisplay) {
+        node->nodisplay = *change.nodisplay;
+        create_main_atom_list();
+    }
+    if (!change.xf && !change.radius && !change.colour && !change.use_default_colour) return;
+    if (change.radius) atom.radius = *change.radius;
+    if (change.xf) {
+        atom.xf = *change.xf;
+        wcfgl_glatom::calculate_eq_positions(atom, *wcfgl_metrix::current_space_group);
+    }
+    if (change.colour) {
+        atom.colour = *change.colour;
+        atom.default_colour = 0;
+    }
+    if (change.use_default_colour) {
+        atom.colour = wcfgl_atomic_table::get_color_from_symbol(atom.symbol);
+        atom.default_colour = 1;
+    }
+    construct_atom_dlist(*node);
+}
+
+bool search_atom_list_by_label(const FixedText<10>& label, std::vector<Atom>& atomlist) {
+    return search(atomlist, [&](const Atom& atom) { return atom.label == label; });
+}
+
+bool search_atom_list_by_symbol(const FixedText<2>& symbol, std::vector<Atom>& atomlist) {
+    return search(atomlist, [&](const Atom& atom) { return atom.symbol == symbol; });
+}
+
+void change_atoms_plotting_status(int nodisplay) { state.atoms.change_plotting_status(nodisplay); }
+
+void change_hatoms_plotting_status(int nodisplay) {
+    state.atoms.change_plotting_status(nodisplay, is_hydrogen);
+}
+
+void create_main_atom_list() { state.atoms.compile_main_list(); }
+
+void construct_atom_dlist(AtomNode& node) {
+    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
+    if (wcfgl_metrix::spacegroup_changed != 0)
+        wcfgl_glatom::calculate_eq_positions(node.atom, *wcfgl_metrix::current_space_group);
+    glNewList(node.dlist.name(), GL_COMPILE);
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, node.atom.colour.data());
+    draw_copies(node.atom);
+    glEndList();
+}
+
+void update_all_atoms() {
+    for (AtomNode& node : state.atoms) construct_atom_dlist(node);
+}
+
+void draw_atoms() {
+    using namespace wcfgl_metrix;
+    if (box_changed != 0 || cell_changed != 0 || spacegroup_changed != 0) update_all_atoms();
+    state.atoms.call_main_list();
+}
+
+std::vector<FixedText<13>> generate_atom_label_array() {
+    return fatal::allocate("label_array", [] {
+        std::vector<FixedText<13>> entries;
+        for (const AtomNode& node : state.atoms) {
+            const std::string entry = std::string(node.atom.label.trimmed()) + " " +
+                                      std::string(node.atom.symbol.trimmed());
+            entries.emplace_back(entry);
+        }
+        entries.emplace_back(new_atom_entry);
+        return entries;
+    });
+}
+
+AtomInfo get_atom_info(int index) {
+    const AtomNode* node = state.atoms.at(index);
+    if (node == nullptr) return {};
+    const Atom& atom = node->atom;
+    return {.label = atom.label,
+            .symbol = atom.symbol,
+            .xf = atom.xf,
+            .reserved_value = atom.reserved_value,
+            .radius = atom.radius,
+            .nodisplay = node->nodisplay,
+            .colour = atom.colour,
+            .multiplicity = atom.multiplicity,
+            .default_colour = atom.default_colour};
+}
+
+void write_atom_list(std::string& out) {
+    for (const AtomNode& node : state.atoms) append_line(out, node);
+}
+
+}  // namespace wcfgl_atom_tree
