@@ -8,24 +8,22 @@
 namespace catalogue {
 namespace {
 
-constexpr std::uint16_t background = 0xCCC;
-constexpr int run_base = 8191;  // a run of n is written as this plus n
-constexpr int digits = 93;      // characters from '#' up
+constexpr int background_shade = 0xC0;  // the three of them stand for the dialog's background
+constexpr int run_base = 8191;          // a run of n is written as this plus n
+constexpr int digits = 93;              // characters from '#' up
 constexpr int longest_run = digits * digits - 1 - run_base;
 
-/// The screen gets a shade of four bits as its high nibble.
-std::uint16_t four_bits(png_byte component) {
-    return static_cast<std::uint16_t>(std::min((component + 8) >> 4, 15));
+/// A component over the background. The screen gets a shade of four bits as its high nibble.
+unsigned four_bits(int component, int alpha) {
+    const int mixed = (component * alpha + background_shade * (255 - alpha) + 127) / 255;
+    return static_cast<unsigned>(std::min((mixed + 8) >> 4, 15));
 }
 
 std::uint16_t pixel_of(const png_byte* rgba, int kind) {
-    if (rgba[3] < 128) {
-        return kind == tesserakit::image_kind::icon ? transparent : background;
-    }
-    const unsigned colour = static_cast<unsigned>(four_bits(rgba[0])) |
-                            static_cast<unsigned>(four_bits(rgba[1])) << 4 |
-                            static_cast<unsigned>(four_bits(rgba[2])) << 8;
-    return static_cast<std::uint16_t>(colour);
+    const int alpha = rgba[3];
+    if (kind == tesserakit::image_kind::icon && alpha < 64) return transparent;
+    return static_cast<std::uint16_t>(four_bits(rgba[0], alpha) | four_bits(rgba[1], alpha) << 4 |
+                                      four_bits(rgba[2], alpha) << 8);
 }
 
 void append_code(std::string& codes, int value) {

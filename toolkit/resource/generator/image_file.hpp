@@ -10,8 +10,8 @@
 namespace catalogue {
 
 /// Reads the PNG file `path` into `image.pixels`, four bits a component, rounded to the nearest
-/// shade that the screen will show. A pixel that is more than half transparent becomes
-/// transparent in an icon, and in a bitmap the shade that stands for the dialog's background.
+/// shade that the screen will show. What shines through is the shade that stands for the
+/// dialog's background; in an icon, a pixel with next to nothing of its own stays transparent.
 /// Notes a file that can't be read or that isn't of the size told.
 void read_image_file(const std::string& path, Image& image, Errors& errors);
 
