@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -136,35 +137,54 @@ FixedText<N> integer_text(float v) {
     return text;
 }
 
-/// The first pair in the order of numerators, then denominators. Neighbouring denominators of one
-/// numerator lie further apart than twice the tolerance, so only the nearest one can fit.
+struct Fraction {
+    int n = 0;
+    int d = 0;  ///< 0 for none
+};
+
+bool fits(int n, int d, float magnitude) {
+    return math_gen::negligibler(static_cast<float>(n) / static_cast<float>(d) - magnitude);
+}
+
+/// The first pair in the order of numerators, then denominators. Two different fractions of the
+/// range lie further apart than twice the tolerance: only one value can fit, and its lowest
+/// numerator comes first.
+Fraction first_pair(float magnitude, int largest) {
+    if (!(magnitude < static_cast<float>(largest))) return {};
+    // Nearly all translations are 24ths.
+    const int m = static_cast<int>(magnitude * 24.0f + 0.5f);
+    if (fits(m, 24, magnitude)) {
+        const int g = std::gcd(m, 24);
+        return m / g <= largest && 24 / g <= largest ? Fraction{m / g, 24 / g} : Fraction{};
+    }
+    for (int n = 1; n <= largest; ++n) {
+        const float nearest = static_cast<float>(n) / magnitude + 0.5f;
+        if (!(nearest >= 2.0f && nearest < static_cast<float>(largest + 1))) continue;
+        const int d = static_cast<int>(nearest);
+        if (fits(n, d, magnitude)) return {n, d};
+    }
+    return {};
+}
+
 template <std::size_t N>
 FixedText<N> fraction_text(float v, int largest, const char* stars) {
     if (math_gen::zbelongn(v)) return integer_text<N>(v);
-    const float magnitude = std::abs(v);
-    for (int n = 1; n <= largest; ++n) {
-        const float nearest = static_cast<float>(n) / magnitude + 0.5f;
-        // Compared before it is converted: NaN and large quotients are out.
-        if (!(nearest >= 2.0f && nearest < static_cast<float>(largest + 1))) continue;
-        const int d = static_cast<int>(nearest);
-        if (!math_gen::negligibler(static_cast<float>(n) / static_cast<float>(d) - magnitude))
-            continue;
-        FixedText<N> text;
-        text[0] = v > 0.0f ? '+' : '-';
-        char* out = put_number(text.data() + 1, n);
-        *out++ = '/';
-        put_number(out, d);
-        return text;
-    }
-    return stars;
+    const Fraction fraction = first_pair(std::abs(v), largest);
+    if (fraction.d == 0) return stars;
+    FixedText<N> text;
+    text[0] = v > 0.0f ? '+' : '-';
+    char* out = put_number(text.data() + 1, fraction.n);
+    *out++ = '/';
+    put_number(out, fraction.d);
+    return text;
 }
 
-template <std::size_t Width, class Fraction>
-FixedText<3 * Width + 4> three_fractions(const Vector3f& t, Fraction fraction) {
+template <std::size_t Width, class Print>
+FixedText<3 * Width + 4> three_fractions(const Vector3f& t, Print print) {
     FixedText<3 * Width + 4> text;
     text[0] = '(';
     for (std::size_t i = 0; i < 3; ++i) {
-        const FixedText<Width> one = fraction(t[i]);
+        const FixedText<Width> one = print(t[i]);
         std::ranges::copy(one.field(), text.data() + 1 + i * (Width + 1));
         text[(i + 1) * (Width + 1)] = i < 2 ? ',' : ')';
     }

@@ -203,10 +203,7 @@ TEST(SystemEquiv, SchoenfliesNumbersCountEachTypeInOrder) {
     EXPECT_EQ(c2.za.trimmed(), "-x,z,y");
 }
 
-TEST(Lists, AreEmptyUntilFilledAndAfterRemoval) {
-    EXPECT_TRUE(Spgr_Info.empty());
-    EXPECT_TRUE(Wyckoff_Info.empty());
-    EXPECT_TRUE(System_Equiv.empty());
+TEST(Lists, AreEmptyWhenRemovedAndFilledAgainByEachCall) {
     for (int again = 0; again < 2; ++again) {
         set_spgr_info();
         set_wyckoff_info();
@@ -214,11 +211,12 @@ TEST(Lists, AreEmptyUntilFilledAndAfterRemoval) {
         EXPECT_EQ(Spgr_Info.size(), 612u);
         EXPECT_EQ(Wyckoff_Info.size(), 270u);
         EXPECT_EQ(System_Equiv.size(), 230u);
+        remove_spgr_info();
+        remove_wyckoff_info();
+        remove_system_equiv();
+        EXPECT_TRUE(Spgr_Info.empty() && Wyckoff_Info.empty() && System_Equiv.empty());
+        remove_spgr_info();  // nothing to remove
     }
-    remove_spgr_info();
-    remove_wyckoff_info();
-    remove_system_equiv();
-    EXPECT_TRUE(Spgr_Info.empty() && Wyckoff_Info.empty() && System_Equiv.empty());
 }
 
 TEST(GetGenerators, FindsByNumberOrBySymbolInAnyCase) {
