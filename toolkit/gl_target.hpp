@@ -1,10 +1,15 @@
 /// The OpenGL context and what it draws on.
 #pragma once
 
+#include <X11/Intrinsic.h>
+
 namespace tesserakit {
 
 /// Which target the context is on.
 enum class GlTarget { Nothing = 0, Window = 1, Bitmap = 2, Field = 3 };
+
+/// The widget of the picture field that the context is on, null when it is on no field.
+Widget gl_field_widget();
 
 /// Unbinds the context from a window, bitmap or dialog that is about to go away.
 void gl_forget_window(int window);

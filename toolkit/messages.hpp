@@ -19,6 +19,10 @@ void yyinfomessage(int type, int& state);
 /// widgets that paint themselves stay as they are.
 void apply_message_mask(Widget widget, bool all = true);
 
+/// Whether the application draws this window itself: a client window or a user-drawn field. Makes
+/// no request, so that it may be asked while the event queue is being searched.
+bool draws_for_application(Display* display, Window window);
+
 /// Takes one event off the queue and interprets it: the type of the message that it left in
 /// wXtMesg, or 0. Blocks when there is none.
 int yyinterpretmessage();
@@ -28,7 +32,14 @@ bool event_waiting();
 /// Modifier bits of a message from the state word of an X event.
 int yymousemodifiers(unsigned state);
 
-/// Takes further exposures of a window off the queue and widens `event` to their clip box.
-void gather_exposures(XExposeEvent& event);
+/// Queues removed: further exposures of the event's window, with `event` widened to their clip box
+/// (accumulating); or all but the last ConfigureNotify, which replaces `event`.
+void yyclearevents(XExposeEvent& event);
+void yyclearevents(XConfigureEvent& event);
+
+/// The translation by X event type (event_core.cpp): fills wXtMesg and answers the type, 0 for
+/// none. The first handles windows, menus and keys; the second user-drawn dialog fields.
+int yyMSInterpretMessageCore(XEvent& event);
+int yyDGInterpretToolkit(XEvent& event);
 
 }  // namespace tesserakit

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "toolkit/fonts.hpp"
+#include "toolkit/tesser_ini.hpp"
 
 #include <X11/Intrinsic.h>
-
-#include <string>
 
 namespace tesserakit {
 
@@ -26,6 +25,7 @@ struct DisplayInfo {
     Atom wm_protocols = 0;
     Atom wm_delete_window = 0;
     Atom wm_colormap_windows = 0;
+    int reserved_colours = 16;  ///< kept free on an 8-bit display: 16, 32, 64 or 128
 };
 extern DisplayInfo yydisplay;
 
@@ -65,22 +65,31 @@ struct DialogUnits {
     int horizontal = 1;
     int vertical = 1;
 };
+/// Those of the dialog font.
+extern DialogUnits dialog_units;
 /// From the measures of a font: half of (smallest + largest width) and ascent + descent, each
 /// with a tenth added, cut, and at least 1.
 DialogUnits dialog_units_of(const FontMeasures& measures);
 
-/// What the environment and the initialisation file say.
-struct Settings {
-    std::string root_directory = "/usr/local/tess/";  ///< with its trailing slash
-    std::string character_directory;                  ///< CHARDIR
-    std::string character_set = "standard.chr";       ///< CHARSET
-    std::string browser = "mozilla";                  ///< BROWSER
-    std::string pdf_reader = "xpdf";                  ///< PDFREAD
-    int debug_level = 0;                              ///< DEBUG, before it TESSDEBUG
-    int hpgl_dialect = 0;                             ///< HPGL2
-    int plotter = 0;                                  ///< PLOTTER
-    int printer = 0;                                  ///< PRINTER
+/// Catches X errors instead of the report to the debug output: while a trap stands, the first
+/// error's code is kept. Traps nest.
+class ErrorTrap {
+public:
+    ErrorTrap();
+    ~ErrorTrap();
+    ErrorTrap(const ErrorTrap&) = delete;
+    ErrorTrap& operator=(const ErrorTrap&) = delete;
+    /// Waits for the server; code of the first X error since the trap was set, 0 for none.
+    int error();
+
+private:
+    int former_;
 };
-extern Settings settings;
+
+/// Sends what is buffered and waits until the connection has something to read, or so long.
+void yywaitdisplay(int milliseconds);
+
+/// Closes the display.
+void yyclosedisplay();
 
 }  // namespace tesserakit

@@ -44,6 +44,8 @@ void realize(Widget widget, XtValueMask* mask, XSetWindowAttributes* attributes)
         const long taken = part.mask & understood;
         copy_attributes(*attributes, *part.attributes, taken);
         *mask |= static_cast<XtValueMask>(taken);
+        // The server takes the pixel where both are given.
+        if (taken & CWBackPixmap) *mask &= ~static_cast<XtValueMask>(CWBackPixel);
         // A background pixmap set by Xt would go before the pixel that was asked for.
         if (taken & CWBackPixel) *mask &= ~static_cast<XtValueMask>(CWBackPixmap);
     }
