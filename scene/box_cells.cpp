@@ -117,8 +117,11 @@ Cells cells_around(std::span<const Vector3f> positions, int below, int above) {
     return block;
 }
 
-Cells cells_around(const Vector3f& x, int below, int above) {
-    return cells_around(std::span(&x, 1), below, above);
+Cells cells_around(const Vector3f& x, int below, int above, std::size_t objects) {
+    Cells block = cells_of_box(below, above);
+    leave_out_empty(block, {x, x});
+    keep_drawable(block, objects);
+    return block;
 }
 
 }  // namespace box_cells

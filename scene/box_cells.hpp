@@ -36,10 +36,10 @@ void leave_out_empty(Cells& block, const Extent& extent);
 /// to four million stays whole, and of a larger one some ten thousands are kept.
 void keep_drawable(Cells& block, std::size_t objects_per_cell);
 
-/// cells_of_box, leave_out_empty and keep_drawable in a row, for objects at `positions`, or at the
-/// one position `x`, of each cell.
+/// cells_of_box, leave_out_empty and keep_drawable in a row, for an object at each of `positions`
+/// in each cell; or for the position `x` alone, of which a list draws `objects` in each cell.
 Cells cells_around(std::span<const Vector3f> positions, int below, int above);
-Cells cells_around(const Vector3f& x, int below, int above);
+Cells cells_around(const Vector3f& x, int below, int above, std::size_t objects = 1);
 
 /// A fractional position moved by whole cells.
 inline Vector3f moved(const Vector3f& x, const Vector3i& cell) {
