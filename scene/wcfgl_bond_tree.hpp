@@ -20,7 +20,8 @@
 
 namespace wcfgl_bond_tree {
 
-using wcfgl_glbond::BondRecord;
+using wcfgl_glbond::Bond;
+using wcfgl_glbond::Bonds;
 
 struct BondNode {
     FixedText<10> label1;  ///< by symbol: the symbol and eight blanks
@@ -30,7 +31,7 @@ struct BondNode {
     int by_symbol = 0;
     int custom_colour = 0;  ///< 1: the rule has a colour; 0: each half takes its atom's
     float radius = 1.0f;    ///< of the stick
-    std::vector<BondRecord> bond;
+    Bonds bond;
     int nodisplay = 0;
     DisplayList dlist;
     std::unique_ptr<BondNode> next;
@@ -80,9 +81,10 @@ struct BondInfo {
 /// `index` from 1.
 BondInfo get_bond_info(int index);
 
-/// Copies of the records of all rules whose label1 is exactly `label`, in list order; label2 isn't
-/// looked at. True when there is such a rule. With no rules at all `list` is left as it is.
-bool search_bond_list_by_label(const FixedText<10>& label, std::vector<BondRecord>& list);
+/// All records, those without a bond included, of all rules whose label1 is exactly `label`, in
+/// list order; label2 isn't looked at. True when there is such a rule. With no rules at all `list`
+/// is left as it is. The columns still belong to the rules.
+bool search_bond_list_by_label(const FixedText<10>& label, std::vector<Bond>& list);
 
 /// Appends a "BOND" or "CONN" line for each rule to `out`, hidden ones included.
 void write_bond_list(std::string& out);

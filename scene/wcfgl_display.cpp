@@ -1,7 +1,10 @@
 #include "scene/wcfgl_display.hpp"
 
 #include "scene/wcfgl_atom_tree.hpp"
+#include "scene/wcfgl_bond_tree.hpp"
+#include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
+#include "scene/wcfgl_poly_tree.hpp"
 #include "scene/wcfgl_trackball.hpp"
 #include "toolkit/gl_calls.hpp"
 
@@ -110,6 +113,9 @@ void display() {
     wcfgl_metrix::draw_cell();
     wcfgl_metrix::draw_axes();
     wcfgl_atom_tree::draw_atoms();
+    wcfgl_matom_tree::draw_matoms();
+    wcfgl_bond_tree::draw_bonds();
+    wcfgl_poly_tree::draw_polys();
     glPopMatrix();
     tesserakit::wglswapbuffers();
     // Not before: the lists rebuild themselves while drawing, as long as the flags stand.

@@ -19,6 +19,7 @@
 #include <array>
 #include <complex>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -131,6 +132,20 @@ const MatomNode* matom_list_head();
 /// to rounding. Computed wider, rounded once. Zero for a k_index that an erasure left beyond the
 /// list.
 Vector3f moment_term(const MomentRecord& moment, std::size_t p, const Vector3i& t);
+
+/// One place of an atom inside the box.
+struct MomentSite {
+    Vector3i translation{};
+    Vector3f position{};              ///< fractional
+    std::span<const Vector3f> terms;  ///< moment_term of each component
+};
+/// Calls `visit` for each lattice translation that brings column `p` (from 0) of xf_eq into the
+/// box, the third index running fastest. The terms live for the length of the call.
+void visit_moments(const MatomNode& node, std::size_t p,
+                   const std::function<void(const MomentSite&)>& visit);
+
+/// The Cartesian moment for components along a, b, c; the components themselves without a cell.
+Vector3f moment_to_cartesian(const Vector3f& moment);
 
 /// Recompiles the node's arrows: one for each position inside the box and component (or sum, with
 /// `group`, in the colour of the first component), centred on the atom. A moment of at most 0.0001

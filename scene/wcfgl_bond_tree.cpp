@@ -1,0 +1,204 @@
+#include "scene/wcfgl_bond_tree.hpp"
+
+#include "common/number_field.hpp"
+#include "scene/box_cells.hpp"
+#include "scene/wcfgl_atom_tree.hpp"
+#include "scene/wcfgl_geometry.hpp"
+#include "scene/wcfgl_metrix.hpp"
+#include "scene/wcfgl_objects_definition.hpp"
+
+#include <cmath>
+#include <span>
+#include <utility>
+
+namespace wcfgl_bond_tree {
+namespace {
+
+using wcfgl_atom_tree::Atom;
+using wcfgl_glbond::Bond;
+using wcfgl_glbond::BondEnds;
+using wcfgl_glbond::Bonds;
+
+struct State {
+    NodeList<BondNode> bonds;
+};
+State& state = *new State;  // never destroyed: at exit the GL context is gone
+
+/// What both kinds of rule have in common, as given.
+struct Rule {
+    FixedText<10> label1;
+    FixedText<10> label2;
+    float min_distance;
+    float max_distance;
+    float radius;
+    int nodisplay;
+    const std::optional<Colour>& colour;
+};
+
+void push(const Rule& rule, std::span<const Atom> list1, std::span<const Atom> list2,
+          bool by_symbol) {
+    if (list1.empty() || list2.empty()) return;
+    Bonds found = fatal::allocate("bond_out", [&] {
+        return wcfgl_glbond::new_gl_bonds(list1, list2, rule.min_distance, rule.max_distance,
+                                          by_symbol, rule.colour);
+    });
+    const bool first = state.bonds.empty();
+    BondNode& node = state.bonds.push_back(first ? "bond_list_head" : "current_node%next");
+    if (first && wcfgl_objects_definition::bond_definition == 0)
+        wcfgl_objects_definition::init_bond();
+    node.label1 = rule.label1;
+    node.label2 = rule.label2;
+    node.min_distance = rule.min_distance;
+    node.max_distance = rule.max_distance;
+    node.by_symbol = by_symbol ? 1 : 0;
+    node.custom_colour = rule.colour ? 1 : 0;
+    node.radius = rule.radius;
+    node.nodisplay = rule.nodisplay;
+    node.bond = std::move(found);
+    node.dlist.generate();
+    construct_bond_dlist(node);
+    create_main_bond_dlist();
+}
+
+/// One half of a stick: the unit rod from `from` along the bond.
+void draw_half(const Vector3f& from, const Vector3f& along, float radius, const Colour& colour) {
+    glPushMatrix();
+    glTranslatef(from[0], from[1], from[2]);
+    glRotatef(along[1], 0.0f, 0.0f, 1.0f);
+    glRotatef(-along[2], 0.0f, 1.0f, 0.0f);
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, colour.data());
+    glScalef(0.5f * along[0], radius, radius);
+    glCallList(wcfgl_objects_definition::bond_definition);
+    glPopMatrix();
+}
+
+/// The stick of one bond in the cell at `t`; none when an end lies outside the box.
+void draw_stick(const BondNode& node, const Bond& bond, const BondEnds& ends, const Vector3i& t) {
+    const Vector3f end1 = box_cells::moved({ends[0], ends[1], ends[2]}, t);
+    const Vector3f end2 = box_cells::moved({ends[3], ends[4], ends[5]}, t);
+    if (!wcfgl_metrix::in_limit(end1) || !wcfgl_metrix::in_limit(end2)) return;
+    if (!(wcfgl_geometry::vect_norm_3d(end2 - end1) > 0.0f)) return;
+    const Vector3f p1 = wcfgl_metrix::f2c_r(end1);
+    const Vector3f p2 = wcfgl_metrix::f2c_r(end2);
+    const Vector3f along = wcfgl_geometry::cart2spher(p2 - p1);
+    draw_half(p1, along, node.radius, bond.colour1);
+    draw_half(0.5f * (p1 + p2), along, node.radius, bond.colour2);
+}
+
+void append_fields(std::string& line, std::span<const float> values, int width) {
+    for (const float value : values)
+        line += number_field::fixed(static_cast<double>(value), width, 3);
+}
+
+}  // namespace
+
+void push_bond_by_label(const FixedText<10>& label1, const FixedText<10>& label2,
+                        float min_distance, float max_distance, float radius, int nodisplay,
+                        const std::optional<Colour>& colour) {
+    std::vector<Atom> list1, list2;
+    wcfgl_atom_tree::search_atom_list_by_label(label1, list1);
+    wcfgl_atom_tree::search_atom_list_by_label(label2, list2);
+    push({label1, label2, min_distance, max_distance, radius, nodisplay, colour}, list1, list2,
+         false);
+}
+
+void push_bond_by_symbol(const FixedText<2>& symbol1, const FixedText<2>& symbol2,
+                         float min_distance, float max_distance, float radius, int nodisplay,
+                         const std::optional<Colour>& colour) {
+    std::vector<Atom> list1, list2;
+    wcfgl_atom_tree::search_atom_list_by_symbol(symbol1, list1);
+    wcfgl_atom_tree::search_atom_list_by_symbol(symbol2, list2);
+    push({symbol1.field(), symbol2.field(), min_distance, max_distance, radius, nodisplay, colour},
+         list1, list2, true);
+}
+
+void pop_bond(int index) { state.bonds.remove(index); }
+
+void empty_bond_list() { state.bonds.clear(); }
+
+/// A bond is drawn in the cells that its first end can be in the box in; one cell less at the upper
+/// end than atoms have.
+void construct_bond_dlist(BondNode& node) {
+    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
+    glNewList(node.dlist.name(), GL_COMPILE);
+    std::vector<Vector3f> first_ends;
+    for (std::size_t n = 0; n < node.bond.filled(); ++n) {
+        const Bond bond = node.bond.filled(n);
+        first_ends.clear();
+        for (const BondEnds& ends : bond.xf) first_ends.push_back({ends[0], ends[1], ends[2]});
+        box_cells::for_each_cell(box_cells::cells_around(first_ends, 1, 0), [&](const Vector3i& t) {
+            for (const BondEnds& ends : bond.xf) draw_stick(node, bond, ends, t);
+        });
+    }
+    glEndList();
+}
+
+void update_all_bonds() {
+    for (BondNode& node : state.bonds)
+        if (wcfgl_metrix::box_changed) construct_bond_dlist(node);
+}
+
+void draw_bonds() {
+    if (wcfgl_metrix::box_changed || wcfgl_metrix::cell_changed || wcfgl_metrix::spacegroup_changed)
+        update_all_bonds();
+    state.bonds.call_main_list();
+}
+
+void create_main_bond_dlist() { state.bonds.compile_main_list(); }
+
+void change_bonds_plotting_status(int nodisplay) { state.bonds.change_plotting_status(nodisplay); }
+
+std::vector<FixedText<22>> generate_bond_label_array() {
+    std::vector<FixedText<22>> labels;
+    for (const BondNode& node : state.bonds)
+        labels.emplace_back(std::string(node.label1.trimmed()) + "--" +
+                            std::string(node.label2.trimmed()));
+    labels.emplace_back("-New bond-");
+    return labels;
+}
+
+BondInfo get_bond_info(int index) {
+    const BondNode* node = state.bonds.at(index);
+    if (!node) return {};
+    return {.label1 = node->label1,
+            .label2 = node->label2,
+            .min_distance = node->min_distance,
+            .max_distance = node->max_distance,
+            .radius = node->radius,
+            .by_symbol = node->by_symbol,
+            .custom_colour = node->custom_colour,
+            .nodisplay = node->nodisplay,
+            .colour = node->bond[0].colour1};
+}
+
+bool search_bond_list_by_label(const FixedText<10>& label, std::vector<Bond>& list) {
+    if (state.bonds.empty()) return false;
+    list.clear();
+    bool found = false;
+    for (const BondNode& node : state.bonds) {
+        if (!(node.label1 == label)) continue;
+        found = true;
+        for (std::size_t n = 0; n < node.bond.size(); ++n) list.push_back(node.bond[n]);
+    }
+    return found;
+}
+
+/// The two forms differ by one in the widths of distances and radius: files hold both.
+void write_bond_list(std::string& out) {
+    for (const BondNode& node : state.bonds) {
+        const int width = node.custom_colour ? 7 : 6;
+        out += node.by_symbol ? "CONN " : "BOND ";
+        out += node.label1.field();
+        out += node.label2.field();
+        append_fields(out, std::array{node.min_distance, node.max_distance}, width);
+        out += " RADIUS";
+        append_fields(out, {&node.radius, 1}, width);
+        if (node.custom_colour) {
+            out += " COLOR";
+            append_fields(out, node.bond[0].colour1, 6);
+        }
+        out += node.nodisplay ? " NODISPLAY\n" : "          \n";
+    }
+}
+
+}  // namespace wcfgl_bond_tree
