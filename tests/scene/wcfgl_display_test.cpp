@@ -1,7 +1,10 @@
 #include "scene/wcfgl_display.hpp"
 
 #include "scene/wcfgl_atom_tree.hpp"
+#include "scene/wcfgl_bond_tree.hpp"
+#include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
+#include "scene/wcfgl_poly_tree.hpp"
 #include "scene/wcfgl_quaternion.hpp"
 #include "scene/wcfgl_trackball.hpp"
 #include "tests/support/gl_record.hpp"
@@ -10,6 +13,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -118,16 +122,42 @@ TEST(Display, TheModelTurnsAboutTheCentreOfTheBox) {
     }));
 }
 
-TEST(Display, CellAxesAndAtomsAreDrawnInThisOrder) {
+/// A sphere with an arrow, bonds to its neighbours and lines between these.
+void define_one_of_everything() {
     wcfgl_metrix::define_cell({4, 4, 4}, {90, 90, 90});
-    wcfgl_atom_tree::push_atom("A", "O", {0.5f, 0.5f, 0.5f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom("A", "Fe", {0.5f, 0.5f, 0.5f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom("O", "O", {0.5f, 0.5f, 0}, 0.5f, 1, 0);
+    wcfgl_bond_tree::push_bond_by_label("A", "O", 1, 2.5f, 1, 0);
+    wcfgl_poly_tree::push_poly("A", 0);
+    const std::vector<Vector3f> k{{0, 0, 0}};
+    const std::vector<FixedText<80>> identity{"x,y,z"}, unchanged{"MSYM u,v,w,0.0"};
+    wcfgl_matom_tree::define_magnetic_phase('P', k, identity, unchanged, 1);
+    wcfgl_matom_tree::FourierComponent component;
+    component.skp = {1, 0, 0};
+    wcfgl_matom_tree::push_matom("A", "Fe", {0.5f, 0.5f, 0.5f}, std::span(&component, 1), 1, 0, 0);
+}
+
+/// What a shape belongs to; empty for disks. Rods have length 1, and only the axes 15 slices.
+std::string kind_of(const Primitive& shape) {
+    if (shape.name == "line") return "lines";
+    if (shape.name == "wgltextstring") return "letter";
+    if (shape.name == "gluSphere") return "sphere";
+    if (shape.name != "gluCylinder") return "";
+    if (shape.arguments[2] == 1.0) return "rod";
+    return shape.arguments[3] == 15 ? "axis" : "moment";
+}
+
+TEST(Display, OpaqueOrNotObjectsAreDrawnInAFixedOrder) {
+    define_one_of_everything();
     gl_record::clear();
     display();
     std::vector<std::string> order;
-    for (const Primitive& shape : gl_record::drawn())
-        if (shape.name == "line" || shape.name == "wgltextstring" || shape.name == "gluSphere")
-            if (order.empty() || order.back() != shape.name) order.push_back(shape.name);
-    EXPECT_THAT(order, ElementsAre("line", "wgltextstring", "gluSphere"));
+    for (const Primitive& shape : gl_record::drawn()) {
+        const std::string kind = kind_of(shape);
+        if (!kind.empty() && (order.empty() || order.back() != kind)) order.push_back(kind);
+    }
+    EXPECT_THAT(order, ElementsAre("lines", "axis", "letter", "axis", "letter", "axis", "letter",
+                                   "sphere", "moment", "rod", "lines"));
 }
 
 TEST(Display, ChangesAreTakenUpAndThenForgotten) {
