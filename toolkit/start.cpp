@@ -253,17 +253,6 @@ void yywaitdisplay(int milliseconds) {
     poll(&connection, 1, milliseconds);
 }
 
-void yyclosedisplay() {
-    if (!yydisplay.display) return;
-    for (TextFont* font :
-         {&wFonts.dialog, &wFonts.symbol, &wFonts.menu, &wFonts.status, &wFonts.fixed})
-        free_font(*font);
-    XtDestroyWidget(yydisplay.root_widget);
-    XtDestroyApplicationContext(yydisplay.app);
-    yydisplay = {};
-    state.guard = 0;
-}
-
 ErrorTrap::ErrorTrap() : former_(state.trapped_error) {
     // Errors of earlier requests belong to no trap.
     if (yydisplay.display) XSync(yydisplay.display, False);

@@ -89,7 +89,4 @@ private:
 /// Sends what is buffered and waits until the connection has something to read, or so long.
 void yywaitdisplay(int milliseconds);
 
-/// Closes the display.
-void yyclosedisplay();
-
 }  // namespace tesserakit

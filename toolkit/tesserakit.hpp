@@ -24,7 +24,7 @@ namespace tesserakit {
 /// nothing.
 void winitialise(std::string_view inifile = {});
 
-/// Closes all windows and frees all that the toolkit holds.
+/// Closes all windows and dialogs and frees what they hold; windowopen2 may open a new root.
 void windowclose();
 
 /// Waits `milliseconds`, redrawing exposed dialogs. Input waits in the queue.

@@ -472,7 +472,9 @@ void windowclosechild(int window) {
 void windowclose() {
     if (!yydisplay.display) return;
     yyshutdown();
-    yyclosedisplay();
+    // The connection stays until the process ends: closing it crashes in Xft once Motif has drawn
+    // text with it.
+    XSync(yydisplay.display, False);
 }
 
 void windowselect(int window) {
