@@ -103,9 +103,10 @@ std::string screw_axis(const FixedText<4>& word) {
     return std::string(" Screw axis: ") + digits[0] + ' ' + digits[1] + " not allowed";
 }
 
+/// P says nothing of a direction, and yet users may type it there.
 std::string characters(const FixedText<4>& word) {
     for (const char c : word.field())
-        if (!is_axis(c) && !is_plane(c) && c != '/' && c != '-' && c != ' ')
+        if (std::string_view("123456ABCDMNP/- ").find(c) == std::string_view::npos)
             return std::string(" The symbol: ") + c + " is not allowed";
     if (word[0] == '5') return " The fivefold axis is not allowed";
     return {};

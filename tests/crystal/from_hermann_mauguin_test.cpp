@@ -123,6 +123,7 @@ TEST(FromHermannMauguin, SymbolsThatCannotBeAreToldApart) {
               " There is more than one plane within the same symmetry direction");
     EXPECT_EQ(failure_of("P 12"), " Screw axis: 1 2 not allowed");
     EXPECT_EQ(failure_of("P 21"), "none");
+    EXPECT_EQ(failure_of("P 2/P"), "none");  // the lattice letter is let through anywhere
 }
 
 TEST(FromHermannMauguin, FailureLeavesTheIdentityAndTheLattice) {
