@@ -14,9 +14,9 @@ using math_gen::modulo_lat;
 /// Operators without centring at the head of sym_op. A list taken as it stood (mode FIX) isn't
 /// sorted: its num_ops counts all of them, and so does this.
 std::size_t without_centring(const Space_Group_Type& group) {
-    const int count = group.num_ops * (group.centred == 1 ? 1 : 2);
-    return static_cast<std::size_t>(
-        std::clamp(std::min(count, group.multip), 0, static_cast<int>(max_operators)));
+    constexpr int room = static_cast<int>(max_operators);
+    const int count = std::clamp(group.num_ops, 0, room) * (group.centred == 1 ? 1 : 2);
+    return static_cast<std::size_t>(std::clamp(group.multip, 0, std::min(count, room)));
 }
 
 /// Entries of sym_op in use: the list is repeated for four lattice points at most, though multip
