@@ -90,7 +90,8 @@ void draw_run(const ImageRun& run, int kind, bool dialog_background, ResourcePix
     XDrawLine(yydisplay.display, image.pixmap, gc, run.x, run.y, run.x + run.length - 1, run.y);
 }
 
-void draw_image(std::string_view codes, int kind, bool dialog_background, ResourcePixmap& image) {
+/// A graphics context on the image's pixmap. An icon begins as background throughout.
+GC begin_drawing(const ResourcePixmap& image, int kind) {
     Display* display = yydisplay.display;
     GC gc = XCreateGC(display, image.pixmap, 0, nullptr);
     XSetFunction(display, gc, GXcopy);
@@ -99,11 +100,21 @@ void draw_image(std::string_view codes, int kind, bool dialog_background, Resour
         XFillRectangle(display, image.pixmap, gc, 0, 0, static_cast<unsigned>(image.width),
                        static_cast<unsigned>(image.height));
     }
-    ImageRuns runs(codes, image.width, image.height);
-    while (const std::optional<ImageRun> run = runs.next()) {
-        draw_run(*run, kind, dialog_background, image, gc);
-    }
-    XFreeGC(display, gc);
+    return gc;
+}
+
+/// The run of one colour from x on.
+ImageRun run_at(const ImagePixels& pixels, int x, int y) {
+    const auto width = static_cast<std::size_t>(pixels.width);
+    const std::uint16_t* row = pixels.colours.data() + static_cast<std::size_t>(y) * width;
+    const std::uint16_t* end = row + x;
+    while (end < row + width && *end == row[x]) ++end;
+    const int colour = row[x];
+    return {.x = x,
+            .y = y,
+            .length = static_cast<int>(end - row) - x,
+            .colour = colour & 0xFFF,
+            .transparent = colour == ImagePixels::transparent};
 }
 
 /// The server refuses a size that doesn't fit its memory only later, by an error: the trap waits
@@ -141,7 +152,32 @@ ResourcePixmap yyResourceLoadImage(int identifier, int kind, bool dialog_backgro
     if (image.pixmap == 0) return {.status = 2};
     std::string_view codes;
     yyrcimageload(identifier, kind, codes);
-    draw_image(codes, kind, dialog_background, image);
+    GC gc = begin_drawing(image, kind);
+    ImageRuns runs(codes, image.width, image.height);
+    while (const std::optional<ImageRun> run = runs.next()) {
+        draw_run(*run, kind, dialog_background, image, gc);
+    }
+    XFreeGC(yydisplay.display, gc);
+    return image;
+}
+
+ResourcePixmap yyResourceLoadImageInto(int room_width, int room_height, int identifier, int kind,
+                                       bool dialog_background) {
+    const ImagePixels pixels =
+        shrunk_to_fit(resource_image_pixels(identifier, kind), room_width, room_height);
+    if (pixels.colours.empty()) return {.status = 3};
+    ResourcePixmap image{.width = pixels.width, .height = pixels.height};
+    image.pixmap = create_pixmap(image.width, image.height);
+    if (image.pixmap == 0) return {.status = 2};
+    GC gc = begin_drawing(image, kind);
+    for (int y = 0; y < pixels.height; ++y) {
+        for (int x = 0; x < pixels.width;) {
+            const ImageRun run = run_at(pixels, x, y);
+            draw_run(run, kind, dialog_background, image, gc);
+            x += run.length;
+        }
+    }
+    XFreeGC(yydisplay.display, gc);
     return image;
 }
 
