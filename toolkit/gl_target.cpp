@@ -231,8 +231,10 @@ Widget create_gl_widget(const Selection& selection, Widget parent, const Box& bo
         selection.colormap, windNvisual, selection.visual->visual, windNmask,
         CWBackPixmap | CWBitGravity | CWColormap | CWBorderPixel, windNattributes, &attributes,
         nullptr);
-    // The attributes are read here, while they stand.
+    // The attributes are read here, while they stand; what is selected before the window is mapped
+    // includes its first exposure.
     if (XtIsRealized(parent)) XtRealizeWidget(widget);
+    apply_message_mask(widget);
     return widget;
 }
 
@@ -357,7 +359,6 @@ void adopt_window(Selection& selection) {
         slot.colormap = selection.colormap;
         slot.private_colormap = selection.colormap_owned;
         slot.gl_colormap = selection.colormap;
-        apply_message_mask(selection.widget);
         keep_widget(selection);
     }
     announce_colormap(selection, slot.window_widget);
@@ -371,7 +372,6 @@ void adopt_field(Selection& selection) {
     if (selection.widget_is_new) {
         keep_widget(selection);
         yyDGadopt(selection.dialog_slot, selection.number, selection.widget);
-        apply_message_mask(selection.widget);
     }
     announce_colormap(selection, yyDGwidget(selection.dialog_slot));
 }

@@ -276,8 +276,11 @@ void ioswait(int milliseconds) {
     const auto end = Clock::now() + std::chrono::milliseconds(std::max(milliseconds, 0));
     do {
         XEvent event;
-        while (XCheckIfEvent(yydisplay.display, &event, served_while_waiting, nullptr))
+        while (XCheckIfEvent(yydisplay.display, &event, served_while_waiting, nullptr)) {
+            // Menu and status bars have no widgets; of what is served this raises no message.
+            if (event.type == Expose) yyMSInterpretMessageCore(event);
             XtDispatchEvent(&event);
+        }
         if (XtAppPending(yydisplay.app) & ~XtInputMask{XtIMXEvent})
             XtAppProcessEvent(yydisplay.app, XtIMAll & ~XtInputMask{XtIMXEvent});
         // At most a tick, so that a timer of the toolkit is never long overdue.

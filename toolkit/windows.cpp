@@ -210,7 +210,10 @@ int yycreatewindow(int window, const WindowRequest& request, const Plan& plan, i
         slot.dialog = yyDGhost(request.dialog, window, slot.window_widget);
         status = std::min(slot.dialog, 0);
         slot.dialog = std::max(slot.dialog, -1);
-        if (status == 0) slot.type = WindowType::Dialog;
+        if (status == 0) {
+            slot.type = WindowType::Dialog;
+            yyDGmakecurrent(slot.dialog);
+        }
     }
     if (slot.dialog < 0) XtManageChild(slot.client_widget);
     yywindowresize(window, width, height);
@@ -308,9 +311,11 @@ void select_root() {
 void yyshutdown() {
     gl_shutdown();
     cancel_timers();
+    // Dialogs first: their shells hang on the root window's, and end with it.
+    yyDGshutdown();
+    for (WindowSlot& slot : windows) slot.dialog = -1;
     for (int i = window_slots - 1; i >= 0; --i)
         if (slot_of(i).open()) yyclosechild(i);
-    yyDGshutdown();
     free_bitmaps();
     wCurrentWindow = -1;
     yygrselectnone();
