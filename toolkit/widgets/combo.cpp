@@ -1,0 +1,75 @@
+#include "toolkit/widgets/combo_p.hpp"
+
+#include <Xm/ComboBox.h>
+#include <Xm/List.h>
+#include <Xm/TextF.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace tesserakit {
+namespace {
+
+ComboRec& record(Widget widget) { return *reinterpret_cast<ComboRec*>(widget); }
+
+ComboClassRec class_record() {
+    return {
+        .core_class = core_part(
+            {.superclass = xmComboBoxWidgetClass, .name = "TessCombo", .size = sizeof(ComboRec)}),
+        .composite_class = composite_part(XtInheritGeometryManager, XtInheritChangeManaged),
+        .constraint_class = constraint_part(),
+        .manager_class = manager_part(),
+        .combo_box_class = {.extension = nullptr},
+        .combo_class = {.extension = nullptr}};
+}
+
+ComboClassRec combo_class_record = class_record();
+
+}  // namespace
+
+WidgetClass comboWidgetClass = reinterpret_cast<WidgetClass>(&combo_class_record);
+
+Widget combo_text(Widget combo) { return record(combo).combo_box.edit_box; }
+Widget combo_list(Widget combo) { return record(combo).combo_box.list; }
+
+void combo_set_options(Widget combo, std::span<const std::string> options) {
+    std::vector<XmString> items;
+    for (const std::string& option : options)
+        items.push_back(XmStringCreateLocalized(const_cast<char*>(option.c_str())));
+    const Widget list = combo_list(combo);
+    XmListDeleteAllItems(list);
+    XmListAddItemsUnselected(list, items.data(), static_cast<int>(items.size()), 0);
+    for (XmString item : items) XmStringFree(item);
+    constexpr int most_shown = 8;
+    const int shown = std::clamp(static_cast<int>(items.size()), 1, most_shown);
+    XtVaSetValues(list, XmNvisibleItemCount, shown, nullptr);
+    combo_select(combo, 0);
+}
+
+void combo_select(Widget combo, int option) {
+    const Widget list = combo_list(combo);
+    XmListDeselectAllItems(list);
+    if (option > 0) {
+        XmListSelectPos(list, option, False);
+        XmComboBoxUpdate(combo);
+    } else {
+        XmTextFieldSetString(combo_text(combo), const_cast<char*>(""));
+    }
+}
+
+int combo_selected(Widget combo) {
+    int* positions = nullptr;
+    int count = 0;
+    if (!XmListGetSelectedPos(combo_list(combo), &positions, &count)) return 0;
+    const int option = count > 0 ? positions[0] : 0;
+    XtFree(reinterpret_cast<char*>(positions));
+    return option;
+}
+
+int combo_count(Widget combo) {
+    int count = 0;
+    XtVaGetValues(combo_list(combo), XmNitemCount, &count, nullptr);
+    return count;
+}
+
+}  // namespace tesserakit
