@@ -166,7 +166,8 @@ std::optional<Quaternion> turned(float angle, const Vector3f& axis) {
     return Quaternion{c, s * (axis[0] / length), s * (axis[1] / length), s * (axis[2] / length)};
 }
 
-/// The least turn that points the direction at the viewer. Along z, either way, there is none.
+/// The least turn that brings the model's z onto the direction. For a direction along z, either
+/// way, there is none.
 std::optional<Quaternion> view_along(const Vector3f& direction) {
     const float length = wcfgl_geometry::vect_norm_3d(direction);
     if (length <= view_tolerance) return std::nullopt;

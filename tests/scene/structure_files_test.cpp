@@ -1,0 +1,210 @@
+// Files through the reader, the real units and the writer.
+#include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "scene/wcfgl_atom_tree.hpp"
+#include "scene/wcfgl_bond_tree.hpp"
+#include "scene/wcfgl_io.hpp"
+#include "scene/wcfgl_matom_tree.hpp"
+#include "scene/wcfgl_metrix.hpp"
+#include "tests/support/gl_record.hpp"
+#include "tests/support/temp_file.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using testing::ElementsAre;
+
+Quaternion read(const std::string& name) {
+    Quaternion view{};
+    wcfgl_io::read_gwr_file(std::string_view(name), &view);
+    return view;
+}
+
+std::string example(const std::string& name) {
+    return std::string(GEMWRIGHT_EXAMPLES) + "/" + name + ".gwr";
+}
+
+Quaternion read_text(const std::string& content) {
+    const TempDirectory directory;
+    return read(directory.file("a.gwr", content));
+}
+
+std::string written(const Quaternion& view) {
+    const TempDirectory directory;
+    wcfgl_io::write_gwr_file(std::string_view(directory.name("a.gwr")), view);
+    EXPECT_EQ(wcfgl_io::err_flag, 0);
+    return content_of(directory.name("a.gwr"));
+}
+
+std::vector<std::string> example_names() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(GEMWRIGHT_EXAMPLES))
+        if (entry.path().extension() == ".gwr") names.push_back(entry.path().stem());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+/// Site multiplicities in the order of the file.
+std::vector<int> multiplicities() {
+    std::vector<int> found;
+    const std::size_t atoms = wcfgl_atom_tree::generate_atom_label_array().size() - 1;
+    for (std::size_t i = 1; i <= atoms; ++i)
+        found.push_back(wcfgl_atom_tree::get_atom_info(static_cast<int>(i)).multiplicity);
+    return found;
+}
+
+/// The last column of the totals in the moment list, for all positions in the box.
+std::vector<float> total_moments() {
+    std::string list;
+    wcfgl_matom_tree::write_magnetic_moment_list(list);
+    std::vector<float> totals;
+    std::istringstream lines(list);
+    bool behind_rule = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (behind_rule) totals.push_back(std::stof(line.substr(line.size() - 9)));
+        behind_rule = line == std::string(56, ' ') + std::string(36, '-');
+    }
+    return totals;
+}
+
+/// Multiplicities of the sites as International Tables give them for the published positions.
+TEST(Examples, FillTheCellAsPublished) {
+    const std::map<std::string, std::vector<int>> published{
+        {"catio3", {4, 4, 4, 8}}, {"cr", {2}},        {"diamond", {8}},
+        {"hematite", {12, 18}},   {"ho", {2}},        {"lamno3", {4, 4, 4, 8}},
+        {"mno", {4, 4}},          {"nacl", {4, 4}},   {"quartz", {3, 6}},
+        {"rutile", {2, 4}},       {"uo2_3k", {4, 8}}, {"zro2", {4, 4, 4}}};
+    for (const std::string& name : example_names()) {
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(published.contains(name));
+        read(example(name));
+        EXPECT_EQ(multiplicities(), published.at(name));
+        EXPECT_TRUE(wcfgl_metrix::current_cell);
+    }
+}
+
+TEST(Examples, MomentsHaveThePublishedLength) {
+    const std::map<std::string, float> published{
+        {"mno", 4.581f}, {"lamno3", 3.87f}, {"hematite", 5.0f}, {"ho", 5.0f}, {"uo2_3k", 1.741f}};
+    for (const auto& [name, moment] : published) {
+        SCOPED_TRACE(name);
+        read(example(name));
+        const std::vector<float> totals = total_moments();
+        EXPECT_GE(totals.size(), 9u);
+        // Three decimals are printed, and those of the file are rounded themselves.
+        for (const float total : totals) EXPECT_NEAR(total, moment, 1.1e-3f);
+    }
+}
+
+TEST(Examples, ChromiumSwingsBetweenItsAmplitudeAndAlmostNothing) {
+    read(example("cr"));
+    const std::vector<float> totals = total_moments();
+    ASSERT_FALSE(totals.empty());
+    EXPECT_NEAR(*std::max_element(totals.begin(), totals.end()), 0.62f, 1e-3f);
+    EXPECT_LT(*std::min_element(totals.begin(), totals.end()), 0.05f);
+}
+
+TEST(RoundTrip, WhatIsWrittenIsReadBackAndWrittenTheSame) {
+    for (const std::string& name : example_names()) {
+        SCOPED_TRACE(name);
+        const std::string first = written(read(example(name)));
+        EXPECT_EQ(written(read_text(first)), first);
+    }
+}
+
+TEST(RoundTrip, KeepsAtomsBondsGroupBoxCellAndView) {
+    const Quaternion view = read_text(
+        "SPACEG P -1\nCELL 5 6 7 80 90 100 NODISPLAY MULTIPLE\nBOX -1 1 0 2 0 1.5\n"
+        "ROTAX 60 0 1 0\nATOM Aa FE .1 .2 .3 NODISPLAY\n"
+        "ATOM bB O .5 .5 .5 RADIUS 2 COLOR .1 .2 .3 .4\n"
+        "BOND Aa bB 1 4 RADIUS .5 COLOR 0 1 0 1\nCONN FE O 0 9 NODISPLAY\n");
+    const std::string text = written(view);
+    EXPECT_EQ(text,
+              "BKG  0.000  0.000  0.000  1.000\n"
+              "CELL     5.0000    6.0000    7.0000   80.0000   90.0000  100.0000"
+              " COLOR  0.500  0.500  0.500  1.000 MULTIPLE NODISPLAY\n"
+              "BOX  -1.000   1.000   0.000   2.000   0.000   1.500\n"
+              "ROTAX    60.000  0.00000  1.00000  0.00000\n"
+              "SPACEG P -1                \n"
+              "ATOM Aa        FE  0.1000  0.2000  0.3000 RADIUS 0.750 NODISPLAY\n"
+              "ATOM bB        O   0.5000  0.5000  0.5000 COLOR 0.100 0.200 0.300 0.400"
+              " RADIUS 2.000          \n"
+              "BOND Aa        bB          1.000  4.000 RADIUS  0.500"
+              " COLOR 0.000 1.000 0.000 1.000          \n"
+              "CONN FE        O          0.000 9.000 RADIUS 1.000 NODISPLAY\n"
+              "{\n}\n");
+    EXPECT_EQ(written(read_text(text)), text);
+}
+
+TEST(RoundTrip, LosesWhatTheFormatDoesNotCarry) {
+    read_text(
+        "GENR -x,-y,-z\nCELL 5 6 7 90 90 90 COLOR 1 0 0 1\n"
+        "{\nK .5 0 0\nSYMM x,y,z\nMSYM u,v,w,0\nMATOM Fe1 FE 0 0 0 NODISPLAY\n"
+        "SKP 1 1 1 0 0 0 0 0 0\n}\n");
+    EXPECT_EQ(wcfgl_metrix::current_cell->colour, (Colour{0.5f, 0.5f, 0.5f, 1.0f}));
+    EXPECT_EQ(wcfgl_metrix::current_space_group->multip, 2);
+    wcfgl_matom_tree::change_matoms_plotting_status(1);
+    const std::string text = written({1, 0, 0, 0});
+    EXPECT_NE(text.find("SCALE  1.00       NODISPLAY"), std::string::npos);
+    read_text(text);
+    EXPECT_EQ(wcfgl_metrix::current_space_group->multip, 1) << "generators aren't written";
+    EXPECT_EQ(written({1, 0, 0, 0}).find("NODISPLAY"), std::string::npos)
+        << "a hidden magnetic atom comes back shown";
+}
+
+TEST(RoundTrip, ALabelOfTenCharactersRunsIntoItsSymbol) {
+    read_text("ATOM Longlabel1 FE 0 0 0\n");
+    const std::string text = written({1, 0, 0, 0});
+    EXPECT_NE(text.find("ATOM Longlabel1FE  0.0000"), std::string::npos);
+    read_text(text);
+    EXPECT_THAT(multiplicities(), testing::IsEmpty());
+}
+
+TEST(ReadFile, AFileWithoutAtomsGivesAnEmptySceneInTheOldBox) {
+    read_text("BOX 0 2 0 2 0 2\nATOM A H 0 0 0\n");
+    read_text("SPACEG P n m a\nCELL 1 2 3 90 90 90\n");
+    EXPECT_THAT(multiplicities(), testing::IsEmpty());
+    EXPECT_EQ((*wcfgl_metrix::current_box)[1], 2.0f);
+    EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 62);
+}
+
+TEST(ReadFile, AMissingFileLeavesAllButTheGroup) {
+    read_text("SPACEG P -1\nATOM A H .1 .2 .3\n");
+    read("/nonexistent/a.gwr");
+    EXPECT_THAT(multiplicities(), ElementsAre(2)) << "positions follow at the next frame";
+    EXPECT_EQ(wcfgl_metrix::current_space_group->multip, 1);
+}
+
+TEST(ReadFile, BondsNeedTheirAtomsBeforeThem) {
+    read_text("CELL 5 5 5 90 90 90\nBOND A B 0 4\nATOM A H 0 0 0\nATOM B H .5 0 0\nBOND A B 0 4\n");
+    EXPECT_EQ(wcfgl_bond_tree::generate_bond_label_array().size(), 2u);
+}
+
+TEST(ReadFile, NumbersThatNothingCanHaveNeitherHangNorCrash) {
+    gl_record::record(false);  // a huge box draws as much as a list may hold
+    for (const char* text :
+         {"BOX 0 1e30 0 1e30 0 1e30\n", "BOX -1e30 1e30 0 1 0 1\n", "BOX 0 2e9 0 3e9 0 4e9\n",
+          "BOX 1 0 1 0 1 0\n", "CELL 1e30 1e30 1e30 90 90 90\n", "CELL 1 1 1 1 1 170\n",
+          "CELL 1e-30 1 1 90 90 180\n", "CELL 3e38 3e38 3e38 1e30 1e-30 90\n",
+          "ROTAX 1e38 1e38 1e38 1e38\n"}) {
+        SCOPED_TRACE(text);
+        const Quaternion view =
+            read_text(std::string(text) +
+                      "SPACEG P -1\nATOM A H 1e30 -1e30 .1\nATOM B H .1 .1 .1\n"
+                      "BOND A B -1e30 1e30\nCONN H H 0 3\n"
+                      "{\nK 1e30 -1e30 .1\nSYMM x,y,z\nMSYM u,v,w,1e30\n"
+                      "MATOM A H 1e30 .1 .1 SCALE 1e30\nSKP 1 1 1e30 1e30 1e30 0 0 0 1e30\n"
+                      "SKP 9 -9 1 1 1 0 0 0 0\nSKP 2147483647 1 1 1 1 0 0 0 0\n}\n");
+        EXPECT_FALSE(written(view).empty());
+    }
+}
+
+}  // namespace
