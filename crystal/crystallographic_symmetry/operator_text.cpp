@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <numeric>
 #include <optional>
 #include <string>
@@ -144,41 +145,77 @@ bool read_rows(std::size_t begin, std::string_view blank_message, ReadRow&& read
 
 // ---------------------------------------------------------------- printing
 
+/// A short text of a size known to the compiler: it is copied whole and then counts in part.
+struct Piece {
+    std::array<char, 12> text{};
+    unsigned char length = 0;
+    bool one_digit = false;  ///< of a fraction: numerator and denominator below 10
+
+    constexpr void put(char c) { text[length++] = c; }
+    constexpr void put_number(int n) {
+        if (n > 9) put(static_cast<char>('0' + n / 10));
+        put(static_cast<char>('0' + n % 10));
+    }
+};
+
 /// The fractions n/24 below 1 in lowest terms. They are what the search through numerators and
 /// then denominators finds first, since two fractions of its range that differ are further apart
 /// than its tolerance.
-struct Fraction {
-    std::array<char, 6> text{};
-    std::size_t length = 0;
-    bool one_digit = false;  ///< numerator and denominator below 10
-};
-
-constexpr std::array<Fraction, 24> fractions = [] {
-    std::array<Fraction, 24> all{};
+constexpr std::array<Piece, 24> fractions = [] {
+    std::array<Piece, 24> all{};
     for (int n = 1; n < 24; ++n) {
         const int divisor = std::gcd(n, 24);
-        Fraction& fraction = all[static_cast<std::size_t>(n)];
-        const auto put = [&](char c) { fraction.text[fraction.length++] = c; };
-        const auto put_number = [&](int i) {
-            if (i > 9) put(static_cast<char>('0' + i / 10));
-            put(static_cast<char>('0' + i % 10));
-        };
-        put('+');
-        put_number(n / divisor);
-        put('/');
-        put_number(24 / divisor);
+        Piece& fraction = all[static_cast<std::size_t>(n)];
+        fraction.put('+');
+        fraction.put_number(n / divisor);
+        fraction.put('/');
+        fraction.put_number(24 / divisor);
         fraction.one_digit = n / divisor < 10 && 24 / divisor < 10;
     }
     return all;
 }();
 
 /// The entry of `fractions` for v, well within the tolerance of the general search; or null.
-const Fraction* known_fraction(float v) {
+const Piece* known_fraction(float v) {
     if (!(v > 0.0f && v < 1.0f)) return nullptr;
     const int n = static_cast<int>(v * 24.0f + 0.5f);
     if (n < 1 || n > 23) return nullptr;
     if (std::abs(v - static_cast<float>(n) / 24.0f) > 5e-6f) return nullptr;
     return &fractions[static_cast<std::size_t>(n)];
+}
+
+constexpr char letter(std::size_t column) {
+    return static_cast<char>('x' + static_cast<int>(column));
+}
+
+/// "-x+2y": all rows with coefficients from -2 to 2, by the base-5 number of their coefficients
+/// + 2.
+constexpr std::array<Piece, 125> short_rows = [] {
+    std::array<Piece, 125> all{};
+    for (int n = 0; n < 125; ++n) {
+        Piece& row = all[static_cast<std::size_t>(n)];
+        const std::array<int, 3> coefficients{n / 25 - 2, n / 5 % 5 - 2, n % 5 - 2};
+        for (std::size_t j = 0; j < 3; ++j) {
+            const int c = coefficients[j];
+            if (c == 0) continue;
+            if (c < 0) row.put('-');
+            if (c > 0 && row.length > 0) row.put('+');
+            if (c == 2 || c == -2) row.put('2');
+            row.put(letter(j));
+        }
+    }
+    return all;
+}();
+
+template <class Number>
+bool within(const Vector3<Number>& row, int largest) {
+    const auto limit = static_cast<Number>(largest);
+    return row[0] >= -limit && row[0] <= limit && row[1] >= -limit && row[1] <= limit &&
+           row[2] >= -limit && row[2] <= limit;
+}
+
+const Piece& short_row(const Vector3i& row) {
+    return short_rows[static_cast<std::size_t>(25 * row[0] + 5 * row[1] + row[2] + 62)];
 }
 
 /// A triplet in the making; room for the longest three rows of either form.
@@ -189,6 +226,11 @@ public:
         for (const char c : more)
             if (c != ' ') put(c);
     }
+    /// Without the characters before `from`.
+    void put(const Piece& piece, std::size_t from = 0) {
+        std::memcpy(text_.data() + length_, piece.text.data() + from, piece.text.size() - 1);
+        length_ += piece.length - from;
+    }
     void copy_to(std::span<char> field) const {
         const std::size_t n = std::min(length_, field.size());
         std::copy_n(text_.begin(), n, field.begin());
@@ -196,41 +238,43 @@ public:
     }
 
 private:
-    std::array<char, 96> text_;
+    std::array<char, 96> text_;  // three rows of 20 at most, and what a piece copies beyond
     std::size_t length_ = 0;
 };
 
-constexpr char letter(std::size_t column) {
-    return static_cast<char>('x' + static_cast<int>(column));
-}
-
-/// An integer in two columns, left-justified; asterisks when it has no room there. No sign stands
-/// in front of a positive one.
-void put_coefficient(Line& line, int coefficient) {
-    line.put(number_field::integer(coefficient, 2));
-}
-
-void put_row(Line& line, const Vector3i& row, float tr) {
-    bool first = true;  // nothing of the row is printed yet
+/// What get_symsymbi prints for coefficients beyond 1: an integer in two columns, left-justified,
+/// asterisks when it has no room there, and no sign in front of a positive one.
+void put_long_row(Line& line, const Vector3i& row) {
+    bool first = true;
     for (std::size_t j = 0; j < 3; ++j) {
         if (row[j] == 0) continue;
         if (row[j] == -1)
             line.put('-');
         else if (row[j] != 1)
-            put_coefficient(line, row[j]);
+            line.put(number_field::integer(row[j], 2));
         else if (!first)
             line.put('+');
         line.put(letter(j));
         first = false;
     }
+}
+
+/// A translation behind its row, or `alone`, without a plus.
+void put_fraction(Line& line, std::string_view fraction, bool alone) {
+    line.put(fraction.substr(alone && fraction.starts_with('+') ? 1 : 0));
+}
+
+void put_row(Line& line, const Vector3i& row, float tr) {
+    if (within(row, 1))
+        line.put(short_row(row));
+    else
+        put_long_row(line, row);
     if (std::abs(tr) <= eps_symm) return;
-    if (const Fraction* fraction = known_fraction(tr)) {
-        line.put(std::string_view(fraction->text.data(), fraction->length).substr(first ? 1 : 0));
-        return;
-    }
-    const FixedText<6> fraction = string_utilities::get_fraction_2dig(tr);
-    const std::string_view text = fraction.trimmed();
-    line.put(text.substr(first && text.starts_with('+') ? 1 : 0));
+    const bool alone = row == Vector3i{};
+    if (const Piece* fraction = known_fraction(tr))
+        line.put(*fraction, alone ? 1 : 0);
+    else
+        put_fraction(line, string_utilities::get_fraction_2dig(tr).trimmed(), alone);
 }
 
 /// "x", "-2y", "+x/2", "+3z/4": a coefficient and its letter.
@@ -256,34 +300,45 @@ void put_term(Line& line, float coefficient, char name, bool first) {
     line.put(rest);
 }
 
-void put_row(Line& line, const Vector3f& row, float tr) {
+void put_long_row(Line& line, const Vector3f& row) {
     bool first = true;
-    float sum = 0.0f;
     for (std::size_t j = 0; j < 3; ++j) {
         if (row[j] == 0.0f) continue;
         put_term(line, row[j], letter(j), first);
-        sum += std::abs(row[j]);
         first = false;
     }
-    if (!first && std::abs(tr) <= eps_symm) return;
-    const bool alone = first || sum <= eps_symm;
-    const Fraction* fraction = known_fraction(tr);
-    if (fraction && fraction->one_digit) {
-        line.put(std::string_view(fraction->text.data(), fraction->length).substr(alone ? 1 : 0));
-        return;
-    }
-    const FixedText<4> general = string_utilities::get_fraction_1dig(tr);
-    const std::string_view text = general.trimmed();
-    line.put(text.substr(alone && text.starts_with('+') ? 1 : 0));
+}
+
+void put_row(Line& line, const Vector3f& row, float tr) {
+    const bool small = within(row, 2);
+    const Vector3i whole = small ? Vector3i{static_cast<int>(row[0]), static_cast<int>(row[1]),
+                                            static_cast<int>(row[2])}
+                                 : Vector3i{};
+    if (small && row[0] == static_cast<float>(whole[0]) && row[1] == static_cast<float>(whole[1]) &&
+        row[2] == static_cast<float>(whole[2]))
+        line.put(short_row(whole));
+    else
+        put_long_row(line, row);
+    const bool blank = row[0] == 0.0f && row[1] == 0.0f && row[2] == 0.0f;
+    if (!blank && std::abs(tr) <= eps_symm) return;
+    const bool alone = blank || std::abs(row[0]) + std::abs(row[1]) + std::abs(row[2]) <= eps_symm;
+    const Piece* fraction = known_fraction(tr);
+    if (fraction && fraction->one_digit)
+        line.put(*fraction, alone ? 1 : 0);
+    else if (tr == 0.0f)
+        line.put('0');
+    else
+        put_fraction(line, string_utilities::get_fraction_1dig(tr).trimmed(), alone);
 }
 
 template <class Matrix>
 void put_triplet(const Matrix& rows, const Vector3f& tr, std::span<char> field) {
     Line line;
-    for (std::size_t i = 0; i < 3; ++i) {
-        if (i > 0) line.put(',');
-        put_row(line, rows[i], tr[i]);
-    }
+    put_row(line, rows[0], tr[0]);
+    line.put(',');
+    put_row(line, rows[1], tr[1]);
+    line.put(',');
+    put_row(line, rows[2], tr[2]);
     line.copy_to(field);
 }
 
