@@ -1,0 +1,86 @@
+/// Closure of a few generators to the operators of a group without its centring translations.
+#pragma once
+
+#include "common/vec.hpp"
+#include "crystal/crystallographic_symmetry/operators.hpp"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace crystallographic_symmetry {
+
+inline constexpr Matrix3i identity_rotation{{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}};
+inline constexpr Matrix3i inversion_rotation{{{{-1, 0, 0}, {0, -1, 0}, {0, 0, -1}}}};
+
+/// A translation in whole twelfths of the cell, each 0 to 11. Fractions go to the nearest twelfth,
+/// and numbers no cell can have to some twelfth.
+Vector3i twelfths(const Vector3f& tr);
+Vector3i folded_twelfths(const Vector3i& tr);
+/// Twelfths x (1/12), in 32-bit arithmetic.
+Vector3f cell_fractions(const Vector3i& tr);
+
+/// The centring vectors of a conventional lattice, in twelfths, the origin left out: by index from
+/// 1, as lattice_letters. None for P and Z.
+std::span<const Vector3i> centring_twelfths(int lattice_index);
+
+/// Up to 24 operators, the identity first, with translations in twelfths, so that closing them is
+/// exact. Two operators count as one when their rotations are the same and the sum or the
+/// difference of their translations is a vector of the lattice.
+class GroupTable {
+public:
+    /// `centring` in twelfths, kept by reference.
+    explicit GroupTable(std::span<const Vector3i> centring);
+
+    /// Adds a generator unless it is there. False, with err_symm set, when the table is full or
+    /// the coefficients are beyond 500.
+    bool add(const Matrix3i& rot, const Vector3i& tr);
+
+    /// Adds the powers of the generators, then products until none is new. False, with err_symm
+    /// set, when that would take more than 24 operators.
+    bool close();
+
+    std::size_t size() const { return size_; }
+    const Matrix3i& rotation(std::size_t i) const { return entries_[i].rot; }
+    const Vector3i& translation(std::size_t i) const { return entries_[i].tr; }
+
+    /// The first `count` operators into `list`, translations as cell fractions.
+    void copy_to(ReducedList& list, std::size_t count) const;
+
+private:
+    /// Each row of a rotation as one number, column j times 2^(21 j): rows add and scale whole.
+    using PackedRows = std::array<std::int64_t, 3>;
+    struct Operator {
+        PackedRows rows;
+        Vector3i tr;
+    };
+    struct Entry {
+        Matrix3i rot;
+        Vector3i tr;
+        PackedRows rows;
+    };
+
+    static Operator product(const Entry& a, const Operator& b);
+    Operator product(std::size_t i, std::size_t j) const {
+        return product(entries_[i], {entries_[j].rows, entries_[j].tr});
+    }
+    /// Calls `found` with each entry of this rotation until it returns true, and says whether it
+    /// did.
+    template <class Found>
+    bool any_with_rotation(const PackedRows& rows, Found found) const;
+    bool has(const Operator& one) const;
+    bool is_lattice_vector(const Vector3i& tr) const;
+    Vector3i reduced(const Vector3i& tr) const;
+    bool append(const Operator& one, std::string_view message);
+    bool add_powers(std::size_t k);
+
+    std::span<const Vector3i> centring_;
+    std::array<Entry, max_reduced> entries_;
+    std::size_t size_ = 0;
+    /// Entries by a hash of their rotation, from 1; 0 is a free slot, and a taken one sends on to
+    /// the next.
+    std::array<unsigned char, 64> slots_{};
+};
+
+}  // namespace crystallographic_symmetry
