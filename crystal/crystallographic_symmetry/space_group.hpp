@@ -87,10 +87,19 @@ struct SpacegroupOptions {
 /// up in the list of published generators, HAL a Hall symbol, GEN nothing (generators are
 /// closed), FIX nothing (the list is the whole group, taken as it stands).
 ///
-/// On failure err_symm is set and `group` holds what the failed step had filled, with multip 0
-/// and no operators. A Hall token that can't be read leaves the message blank.
+/// On failure err_symm is set and `group` holds what identifies it at most, with multip 0 and no
+/// operators; only a group without a row whose class can't be found (a determinant of 2, say)
+/// fails with its operators in place. A Hall token that can't be read leaves the message blank.
+///
+/// `group` may hold an earlier group; entries of its lists beyond their counts are taken to be
+/// fresh, as every call leaves them.
 void set_spacegroup(std::string_view spacegen, Space_Group_Type& group,
                     const SpacegroupOptions& options = {});
+
+/// The last step of a construction, for a list whose constructor has just succeeded: lattice,
+/// centre, counts, all operators and their texts. Identification and special positions stay as
+/// they are.
+void expand_list(const ReducedList& list, Space_Group_Type& group);
 
 /// Whether both records hold the same operators, in any order. Empty records equal nothing.
 bool spgr_equal(const Space_Group_Type& a, const Space_Group_Type& b);
