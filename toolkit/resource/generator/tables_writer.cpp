@@ -7,14 +7,14 @@
 #include <utility>
 
 #include "toolkit/resource/generator/image_file.hpp"
+#include "toolkit/resource/rows.hpp"
 
 namespace catalogue {
 namespace {
 
 using tesserakit::ResourceField;
-
-constexpr int sentinel = -999;
-constexpr int short_sentinel = -1;
+using tesserakit::rows::sentinel;
+using tesserakit::rows::short_sentinel;
 
 /// A table under way: the text of its rows, and how many there are.
 struct Table {
