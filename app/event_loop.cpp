@@ -1,0 +1,153 @@
+#include "app/event_loop.hpp"
+
+#include "app/dialog_binding.hpp"
+#include "app/drag.hpp"
+#include "app/identifiers.hpp"
+#include "app/program_state.hpp"
+#include "scene/wcfgl_display.hpp"
+#include "scene/wcfgl_io.hpp"
+#include "toolkit/tesserakit.hpp"
+
+#include <chrono>
+
+namespace gemwright {
+namespace {
+
+using namespace tesserakit;
+using Clock = std::chrono::steady_clock;
+
+/// With a slow renderer one frame a move would leave the picture far behind the pointer, so the
+/// frames of moves that wait in the queue fall together, but not for longer than this.
+constexpr std::chrono::milliseconds longest_without_frame{40};
+/// An event ends the wait at once.
+constexpr int idle_wait_ms = 10;
+
+struct State {
+    bool frame_due = false;
+    Clock::time_point last_frame;
+    bool ended = false;
+};
+State& state = *new State;
+
+void draw() {
+    wcfgl_display::display();
+    state.frame_due = false;
+    state.last_frame = Clock::now();
+}
+
+void push_button(const MessageRecord& message) {
+    switch (message.VALUE1) {
+        case button::ok:
+            get_values(message.WIN, message.VALUE1);
+            break;
+        case button::cancel:
+            hide_dialog(message.WIN);
+            break;
+        case button::recentre:
+            wcfgl_display::current_centroffset = {0, 0};
+            break;
+        case button::insert_atom:
+            insert_atom();
+            break;
+        case button::delete_atom:
+            delete_atom();
+            break;
+        // One page of the atoms dialog has a button of this number too; it does the same.
+        case button::delete_k_vector:
+            delete_k_vector();
+            break;
+        case button::insert_k_vector:
+            insert_k_vector();
+            break;
+        case button::delete_bond:
+            delete_bond();
+            break;
+        case button::insert_bond:
+            insert_bond();
+            break;
+        default:
+            break;
+    }
+}
+
+/// Any button, field and window: the message's own are not looked at. Menu and toolbar items have
+/// no commands yet, and there are no text windows whose close could be asked for.
+void act(int type, const MessageRecord& message) {
+    switch (type) {
+        case PushButton:
+            push_button(message);
+            break;
+        case MouseButDown:
+            begin_drag(message.X, message.Y);
+            break;
+        case MouseButUp:
+            end_drag();
+            break;
+        case MouseMove:
+            continue_drag(message.X, message.Y);
+            break;
+        case ExposeMessage:
+        case Resize:
+            refresh_screen_size();
+            break;
+        case CloseRequest:
+            if (message.WIN == 0) state.ended = true;
+            break;
+        case FieldChanged:
+            get_fields(message.WIN, message.VALUE2);
+            break;
+        default:
+            break;
+    }
+}
+
+/// The file is read again and again, the view and the dialog's box winning over the file's.
+void read_continuously() {
+    wcfgl_io::read_gwr_file(current_file_name);
+    define_box_from_fields();
+    wdialogselect(dialog::main);
+    wdialogputstring(field::information, "READ CONTINUOUS");
+    draw();
+}
+
+/// The queue is empty.
+void idle() {
+    if (state.frame_due) return draw();
+    int reading = 0;
+    wdialoggetcheckbox(field::continuous_read, reading);
+    if (reading)
+        read_continuously();
+    else
+        wmessagewait(idle_wait_ms);
+}
+
+}  // namespace
+
+void refresh_screen_size() {
+    wdialogselect(dialog::main);
+    igrselect(3, field::picture);
+    wcfgl_display::current_screen_width = winfodrawable(4);
+    wcfgl_display::current_screen_height = winfodrawable(5);
+}
+
+void run_event_loop() {
+    draw();
+    while (!state.ended) {
+        int type = NoMessage;
+        MessageRecord message;
+        wmessagepeek(type, message);
+        if (type == NoMessage) {
+            idle();
+        } else if (type == MouseMove) {
+            act(type, message);
+            state.frame_due = true;
+            if (Clock::now() - state.last_frame >= longest_without_frame) draw();
+        } else {
+            if (state.frame_due) draw();
+            act(type, message);
+            if (!state.ended) draw();
+        }
+    }
+}
+
+}  // namespace gemwright

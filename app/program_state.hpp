@@ -1,0 +1,27 @@
+/// What the program itself remembers, besides the model: which file is open, how the model is
+/// turned, and the drag that is under way.
+#pragma once
+
+#include "common/fixed_text.hpp"
+#include "common/vec.hpp"
+
+namespace gemwright {
+
+/// Blank: no file. A name set by the command line or a file dialog is never unset.
+extern FixedText<256> current_file_name;
+/// Turns the model; the picture's matrix is always rebuilt from it.
+extern Quaternion view_quaternion;
+/// 1 rotate, 2 zoom, anything else translate: the choice of the main dialog's radio group.
+extern int mouse_mode;
+/// 1 between the press and the release of a mouse button.
+extern int dragging;
+extern Vector3f drag_start_point;  ///< on the trackball's hemisphere, of the last step
+extern Vector3f drag_end_point;    ///< the same, of the present step
+extern int last_mouse_x;           ///< pixels, y downward, of the last step
+extern int last_mouse_y;
+
+/// The whole command line as a file name; ".gwr" is added unless it stands somewhere in the name,
+/// in any case. All words belong to the name. Blank without arguments.
+FixedText<256> file_name_from_command_line(int argc, const char* const* argv);
+
+}  // namespace gemwright

@@ -1,0 +1,69 @@
+#include "app/dialog_binding.hpp"
+#include "app/event_loop.hpp"
+#include "app/identifiers.hpp"
+#include "app/program_state.hpp"
+#include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "scene/wcfgl_display.hpp"
+#include "scene/wcfgl_io.hpp"
+#include "scene/wcfgl_metrix.hpp"
+#include "scene/wcfgl_quaternion.hpp"
+#include "scene/wcfgl_trackball.hpp"
+#include "toolkit/tesserakit.hpp"
+
+namespace gemwright {
+namespace {
+
+using namespace tesserakit;
+
+constexpr int splash_ms = 200;
+constexpr int gl_on_field = 3;
+constexpr int gl_double_buffered = 2;
+
+void show_splash() {
+    wdialogselect(dialog::splash);
+    wdialogshow(dialog_centred, dialog_centred, 0, DialogModeless);
+    ioswait(splash_ms);
+    wdialoghide();
+}
+
+/// The mouse is off by default, and so are changes of fields.
+void enable_messages() {
+    for (const int type : {MouseButUp, MouseMove, FieldChanged}) wmessageenable(type, 1);
+}
+
+void open_file() {
+    wcfgl_io::read_gwr_file(current_file_name, &view_quaternion);
+    wcfgl_trackball::current_rot_matrix = wcfgl_quaternion::quat2mat(view_quaternion);
+    wdialogputstring(field::information, current_file_name.trimmed());
+    wdialogselect(dialog::space_group);
+    if (wcfgl_metrix::current_space_group)
+        wdialogputstring(field::symbol, wcfgl_metrix::current_space_group->spg_symb.trimmed());
+    set_all_fields();
+}
+
+}  // namespace
+
+void start_program() {
+    winitialise();
+    windowopen2({.menu = menu::root,
+                 .toolbars = {toolbar::file, toolbar::scene},
+                 .dialog = dialog::main,
+                 .title = "Gemwright Ver-1.0"});
+    load_all_dialogs();
+    set_all_fields();
+    show_splash();
+    wdialogselect(dialog::main);
+    wdialogshow(dialog_centred, dialog_centred, 0, DialogModal);
+    enable_messages();
+    wglselect(gl_on_field, field::picture, gl_double_buffered);
+    wcfgl_display::display_init();
+    if (!current_file_name.blank()) open_file();
+    refresh_screen_size();
+}
+
+void end_program() {
+    wglselect(0, 0, 0);
+    windowclose();
+}
+
+}  // namespace gemwright

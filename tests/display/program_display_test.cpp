@@ -1,0 +1,270 @@
+#include "tests/support/display_input.hpp"
+#include "tests/support/temp_file.hpp"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+// The program itself, as a user starts it, uses it and closes it.
+
+using namespace display_input;
+
+namespace {
+
+const std::string title = "Gemwright Ver-1.0";
+const std::string example = std::string(GEMWRIGHT_EXAMPLES) + "/nacl.gwr";
+
+/// The program as a child process; closed as the window manager closes it, or killed.
+class Program {
+public:
+    explicit Program(const std::vector<std::string>& arguments, bool with_display = true) {
+        std::array<int, 2> pipe_ends{};
+        if (pipe(pipe_ends.data()) != 0) std::abort();
+        pid_ = fork();
+        if (pid_ == 0) {
+            if (!with_display) unsetenv("DISPLAY");
+            dup2(pipe_ends[1], STDERR_FILENO);
+            close(pipe_ends[0]);
+            std::vector<char*> words{const_cast<char*>(GEMWRIGHT_PROGRAM)};
+            for (const std::string& word : arguments)
+                words.push_back(const_cast<char*>(word.c_str()));
+            words.push_back(nullptr);
+            execv(words[0], words.data());
+            _exit(127);
+        }
+        close(pipe_ends[1]);
+        errors_ = pipe_ends[0];
+    }
+    ~Program() {
+        if (pid_ > 0) {
+            kill(pid_, SIGKILL);
+            waitpid(pid_, nullptr, 0);
+        }
+        close(errors_);
+    }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Status of its end; -1 when a signal ended it.
+    int wait_for_end() {
+        int status = 0;
+        waitpid(pid_, &status, 0);
+        pid_ = 0;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    int close_by_window_manager() {
+        close_window(title);
+        return wait_for_end();
+    }
+    std::string errors() const {
+        std::string text;
+        std::array<char, 512> part{};
+        for (ssize_t n = 0; (n = read(errors_, part.data(), part.size())) > 0;)
+            text.append(part.data(), static_cast<std::size_t>(n));
+        return text;
+    }
+
+private:
+    pid_t pid_ = 0;
+    int errors_ = -1;
+};
+
+/// The picture field: where most of a row or column of the window is black, the background.
+Rectangle picture_in(const Rectangle& window) {
+    const std::vector<unsigned> seen = pixels(window);
+    const auto black = [&](int x, int y) {
+        return seen[static_cast<std::size_t>(y * window.width + x)] == 0;
+    };
+    std::vector<int> rows(static_cast<std::size_t>(window.height));
+    std::vector<int> columns(static_cast<std::size_t>(window.width));
+    for (int y = 0; y < window.height; ++y)
+        for (int x = 0; x < window.width; ++x)
+            if (black(x, y)) {
+                ++rows[static_cast<std::size_t>(y)];
+                ++columns[static_cast<std::size_t>(x)];
+            }
+    const auto range = [](const std::vector<int>& counts, int enough) {
+        const auto good = [enough](int n) { return n > enough; };
+        const auto first = std::find_if(counts.begin(), counts.end(), good);
+        const auto last = std::find_if(counts.rbegin(), counts.rend(), good).base();
+        return std::array{static_cast<int>(first - counts.begin()),
+                          static_cast<int>(std::max(last, first) - first)};
+    };
+    const auto [top, height] = range(rows, window.width / 4);
+    const auto [left, width] = range(columns, window.height / 4);
+    return {window.x + left, window.y + top, width, height};
+}
+
+/// Waits until the picture has come, and answers where it is.
+Rectangle picture() {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    Rectangle found;
+    do {
+        found = picture_in(window_titled(title));
+        if (found.width > 200 && found.height > 200) return found;
+        std::this_thread::yield();
+    } while (std::chrono::steady_clock::now() < deadline);
+    ADD_FAILURE() << "no picture";
+    return found;
+}
+
+int lit(const std::vector<unsigned>& seen) {
+    return static_cast<int>(
+        std::count_if(seen.begin(), seen.end(), [](unsigned p) { return p != 0; }));
+}
+
+/// Waits until the area shows something for which `good` holds.
+template <class Predicate>
+bool comes_to_show(const Rectangle& area, Predicate good) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (std::chrono::steady_clock::now() < deadline) {
+        if (good(pixels(area))) return true;
+        std::this_thread::yield();
+    }
+    return false;
+}
+
+/// Waits until two looks at the area a frame apart see the same.
+std::vector<unsigned> at_rest(const Rectangle& area) {
+    std::vector<unsigned> last;
+    comes_to_show(area, [&](const std::vector<unsigned>& now) {
+        const bool same = now == last;
+        last = now;
+        if (!same) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        return same;
+    });
+    return last;
+}
+
+Point in(const Rectangle& area, double x, double y) {
+    return {area.x + static_cast<int>(area.width * x), area.y + static_cast<int>(area.height * y)};
+}
+
+/// A field of the main dialog by its place in dialog units; the picture measures 371 by 252 of them
+/// and begins at (1, 24).
+Point field_at(const Rectangle& shown, double x, double y) {
+    return {shown.x + static_cast<int>((x - 1) * shown.width / 371),
+            shown.y + static_cast<int>((y - 24) * shown.height / 252)};
+}
+
+constexpr std::array<double, 2> zoom_radio{28, 12}, translate_radio{44, 12}, recentre{68, 12},
+    continuous_read{96, 12};
+
+void click_field(const Rectangle& shown, const std::array<double, 2>& place) {
+    click(field_at(shown, place[0], place[1]));
+}
+
+bool has_colour(const std::vector<unsigned>& seen, bool (*is)(int r, int g, int b)) {
+    return std::any_of(seen.begin(), seen.end(), [is](unsigned p) {
+        return is(static_cast<int>(p >> 16 & 255), static_cast<int>(p >> 8 & 255),
+                  static_cast<int>(p & 255));
+    });
+}
+
+TEST(ProgramDisplay, ShowsAFileAndEndsByTheWindowManagersClose) {
+    Program program({example});
+    const Rectangle shown = picture();
+    EXPECT_GT(lit(at_rest(shown)), shown.width * shown.height / 50);
+    EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+TEST(ProgramDisplay, OpensWithoutAFileAndWithOneThatIsNotThere) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{}, std::vector<std::string>{"no", "such file"}}) {
+        Program program(arguments);
+        const Rectangle shown = picture();
+        EXPECT_EQ(lit(pixels(shown)), 0);
+        EXPECT_EQ(program.close_by_window_manager(), 0);
+    }
+}
+
+TEST(ProgramDisplay, WithoutADisplayItSaysSoAndEnds) {
+    Program program({example}, false);
+    EXPECT_GT(program.wait_for_end(), 0);
+    EXPECT_NE(program.errors().find("Cannot open X display. Check DISPLAY environment variable."),
+              std::string::npos);
+}
+
+TEST(ProgramDisplay, ADragTurnsTheModel) {
+    Program program({example});
+    const Rectangle shown = picture();
+    const auto before = at_rest(shown);
+    drag(in(shown, 0.5, 0.5), in(shown, 0.7, 0.6), 10);
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& now) { return now != before; }));
+    EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+TEST(ProgramDisplay, TheRadioButtonsChooseWhatADragDoes) {
+    Program program({example});
+    const Rectangle shown = picture();
+    const int at_first = lit(at_rest(shown));
+    click_field(shown, zoom_radio);
+    drag(in(shown, 0.5, 0.4), in(shown, 0.5, 0.6), 10);  // down: smaller, 1.05 a move
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& now) { return lit(now) < at_first * 3 / 4; }));
+
+    click_field(shown, translate_radio);
+    const auto centred = at_rest(shown);
+    drag(in(shown, 0.5, 0.5), in(shown, 0.7, 0.5), 5);
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& now) { return now != centred; }));
+    click_field(shown, recentre);
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& now) { return now == centred; }));
+    EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+TEST(ProgramDisplay, ThePictureFollowsTheWindowsSize) {
+    Program program({example});
+    const Rectangle before = picture();
+    const Rectangle window = window_titled(title);
+    resize_window(title, window.width + 100, window.height + 60);
+    Rectangle after;
+    comes_to_show(before, [&](const auto&) {
+        after = picture_in(window_titled(title));
+        return after.width > before.width && after.height > before.height;
+    });
+    EXPECT_NEAR(after.width - before.width, 100, 2);
+    EXPECT_NEAR(after.height - before.height, 60, 2);
+    EXPECT_GT(lit(at_rest(after)), 0);
+    EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+TEST(ProgramDisplay, ACoveredPictureComesBack) {
+    Program program({example});
+    const Rectangle shown = picture();
+    const auto before = at_rest(shown);
+    cover_and_uncover(shown);
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& now) { return now == before; }));
+    EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+TEST(ProgramDisplay, TheContinuousReadFollowsAnEditor) {
+    const TempDirectory folder;
+    const std::string name = folder.name("live.gwr");
+    const auto write = [&](const char* colour) {
+        std::ofstream(name) << "CELL 4 4 4 90 90 90\nATOM A FE 0.5 0.5 0.5 RADIUS 3 COLOR "
+                            << colour << "\n";
+    };
+    write("1 0 0 1");
+    Program program({name});
+    const Rectangle shown = picture();
+    const auto reddish = [](int r, int g, int b) { return r > 100 && g < 60 && b < 60; };
+    const auto greenish = [](int r, int g, int b) { return g > 100 && r < 60 && b < 60; };
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& s) { return has_colour(s, reddish); }));
+    write("0 1 0 1");
+    click_field(shown, continuous_read);
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto& s) { return has_colour(s, greenish); }));
+    click_field(shown, continuous_read);
+    EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+}  // namespace
