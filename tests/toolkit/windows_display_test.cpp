@@ -1,0 +1,455 @@
+#include "tests/support/display_input.hpp"
+#include "toolkit/tesserakit.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
+#include <GL/gl.h>
+
+using namespace tesserakit;
+using namespace display_input;
+
+namespace {
+
+constexpr unsigned red = 0xff0000;
+constexpr unsigned blue = 0x0000ff;
+
+Point centre(const Rectangle& area) { return {area.x + area.width / 2, area.y + area.height / 2}; }
+
+void fill(float r, float g, float b) {
+    glClearColor(r, g, b, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    wglswapbuffers();
+}
+
+Rectangle open_root(WindowRequest request) {
+    request.title = "Root";
+    windowopen2(request);
+    return window_titled("Root");
+}
+
+}  // namespace
+
+TEST(WindowsDisplay, ARootWithoutArgumentsIsFourFifthsOfTheScreenInItsMiddle) {
+    const Rectangle area = open_root({});
+    EXPECT_EQ(infoerror(1), 0);
+    EXPECT_EQ(area.width, 1024);
+    EXPECT_EQ(area.height, 819);
+    EXPECT_EQ(winfowindow(1), 0);
+    EXPECT_EQ(winfowindow(2), 1024);
+    EXPECT_EQ(winfodrawable(1), 1);
+    EXPECT_EQ(winfodrawable(5), 819);
+    // The frame of the window manager may shift it by its own thickness.
+    EXPECT_NEAR(area.x, 128, 16);
+    EXPECT_NEAR(area.y, 102, 40);
+}
+
+TEST(WindowsDisplay, AFixedWindowTellsTheWindowManager) {
+    const Rectangle area = open_root({.flags = 64, .width = 300, .height = 200});
+    EXPECT_EQ(area.width, 300);
+    const SizeLimits limits = size_limits("Root");
+    EXPECT_EQ(limits.min_width, 300);
+    EXPECT_EQ(limits.max_width, 300);
+    EXPECT_EQ(limits.min_height, 200);
+    EXPECT_EQ(limits.max_height, 200);
+}
+
+TEST(WindowsDisplay, AHiddenRootHasNoWindowOnTheScreen) {
+    windowopen2({.flags = 7 | 128, .width = 300, .height = 200, .title = "Root"});
+    drain();
+    EXPECT_FALSE(is_shown("Root"));
+    EXPECT_EQ(winfowindow(7), 0);
+    EXPECT_EQ(winfowindow(2), 300);
+    EXPECT_EQ(windowopenchild2({.flags = 16}, 0), -2) << "nothing opens inside a hidden window";
+}
+
+TEST(WindowsDisplay, TheIconIsTheResourcesPicture) {
+    open_root({.width = 300, .height = 200});
+    const std::vector<unsigned long> icon = property("Root", "_NET_WM_ICON");
+    ASSERT_EQ(icon.size(), 2U + 32U * 32U);
+    EXPECT_EQ(icon[0], 32U);
+    const std::set<unsigned long> colours(icon.begin() + 2, icon.end());
+    EXPECT_GT(colours.size(), 2U) << "a picture, not a blank";
+}
+
+TEST(WindowsDisplay, AMissingDialogLeavesAnErrorAndAnEmptyWindow) {
+    const Rectangle area = open_root({.width = 300, .height = 200, .dialog = 9876});
+    EXPECT_EQ(infoerror(1), 1007);
+    EXPECT_EQ(area.width, 300);
+    EXPECT_EQ(winfowindow(6), 0);
+}
+
+TEST(WindowsDisplay, MenuAndToolbarsAndStatusBarSurroundTheClientArea) {
+    const Rectangle bare = open_root({.width = 300, .height = 200});
+    EXPECT_EQ(bare.height, 200);
+    const int child = windowopenchild2({.flags = 7 | 32,
+                                        .width = 300,
+                                        .height = 200,
+                                        .menu = 30001,
+                                        .toolbars = {30102, 30101, 0, 0},
+                                        .title = "Child"});
+    ASSERT_EQ(child, 1);
+    EXPECT_EQ(infoerror(1), 0);
+    const Rectangle area = window_titled("Child");
+    EXPECT_EQ(winfowindow(2), 300);
+    EXPECT_EQ(winfowindow(3), 200);
+    EXPECT_GT(area.width, 300);
+    EXPECT_GT(area.height, 200 + 40);
+}
+
+TEST(WindowsDisplay, AMenuThatDoesNotExistIsAnErrorAndTakesNoRoom) {
+    const Rectangle area = open_root({.width = 300, .height = 200, .menu = 9876});
+    EXPECT_EQ(infoerror(1), 1002);
+    EXPECT_EQ(area.height, 200);
+}
+
+TEST(WindowsDisplay, ChildrenInsideAParentAreMeasuredInItsUnits) {
+    const Rectangle root = open_root({.width = 1000, .height = 500});
+    const int child =
+        windowopenchild2({.flags = 16, .width = 5000, .height = 5000, .title = "Inside"}, 0);
+    ASSERT_EQ(child, 1);
+    const Rectangle area = window_titled("Inside");
+    EXPECT_EQ(area.width, 500);
+    EXPECT_EQ(area.height, 250);
+    EXPECT_NEAR(centre(area).x, centre(root).x, 16);
+    EXPECT_EQ(windowopenchild2({.flags = 16}, 7), -5) << "no such parent";
+}
+
+TEST(WindowsDisplay, SlotsAreFilledFromTheLowestAndFiftyIsTheEnd) {
+    open_root({.width = 100, .height = 100});
+    for (int slot = 1; slot <= 50; ++slot)
+        ASSERT_EQ(windowopenchild2({.flags = 128, .width = 10, .height = 10}), slot);
+    EXPECT_EQ(windowopenchild2({.flags = 128, .width = 10, .height = 10}), -1);
+    EXPECT_EQ(infoerror(1), 0);
+    windowclosechild(7);
+    EXPECT_EQ(windowopenchild2({.flags = 128, .width = 10, .height = 10}), 7);
+}
+
+TEST(WindowsDisplay, ClosingTheCurrentWindowMakesTheRootCurrent) {
+    open_root({.width = 300, .height = 200});
+    const int child = windowopenchild2({.width = 200, .height = 100, .title = "Child"});
+    EXPECT_EQ(winfowindow(1), child);
+    EXPECT_EQ(winfodrawable(4), 200);
+    windowclosechild(child);
+    EXPECT_EQ(winfowindow(1), 0);
+    EXPECT_EQ(winfodrawable(4), 300);
+    poll_until([] { return !is_shown("Child"); });
+    windowselect(child);
+    EXPECT_EQ(infoerror(1), 1003);
+    windowclosechild(0);
+    EXPECT_EQ(infoerror(1), 1003);
+}
+
+TEST(WindowsDisplay, StatusBarShowsItsTextAndIgnoresOtherParts) {
+    const Rectangle area = open_root({.flags = 7 | 32, .width = 400, .height = 200});
+    drain();
+    const Rectangle bar{area.x + 3, area.y + 203, area.width - 6, area.height - 206};
+    const std::vector<unsigned> empty = pixels(bar);
+    windowoutstatusbar(0, "no such part");
+    windowoutstatusbar(256, "no such part");
+    windowoutstatusbar(2, "no such part");
+    drain();
+    EXPECT_EQ(pixels(bar), empty);
+    windowoutstatusbar(1, "Reading   ");
+    drain();
+    const std::vector<unsigned> left = pixels(bar);
+    EXPECT_NE(left, empty);
+    windowoutstatusbar(1, "\t\tReading");
+    drain();
+    const std::vector<unsigned> right = pixels(bar);
+    EXPECT_NE(right, left);
+    EXPECT_EQ(std::ranges::count(left, 0U), std::ranges::count(right, 0U))
+        << "the same text at another place";
+    cover_and_uncover(bar);
+    drain();
+    EXPECT_EQ(pixels(bar), right) << "repainted by the toolkit";
+}
+
+TEST(WindowsDisplay, IgrselectFallsBackToTheWindow) {
+    open_root({.width = 300, .height = 200});
+    const int bitmap = wbitmapcreate(64, 32);
+    ASSERT_EQ(bitmap, 1);
+    igrselect(2);
+    EXPECT_EQ(winfodrawable(1), 2);
+    EXPECT_EQ(winfodrawable(4), 64);
+    for (const int type : {0, 4, 5}) {
+        igrselect(type);
+        EXPECT_EQ(infoerror(1), 1019) << type;
+        EXPECT_EQ(winfodrawable(1), 1) << type;
+    }
+    igrselect(2, 20);
+    EXPECT_EQ(infoerror(1), 1019);
+    wbitmapdestroy(21);
+    EXPECT_EQ(infoerror(1), 1021);
+    wbitmapdestroy(bitmap);
+    EXPECT_EQ(infoerror(1), 0);
+    EXPECT_EQ(wbitmapcreate(0, 5), 0);
+    EXPECT_EQ(infoerror(1), 1020);
+}
+
+TEST(WindowsDisplay, AfterTheEndANewRootOpens) {
+    open_root({.flags = 7 | 32, .width = 300, .height = 200, .menu = 30001});
+    windowopenchild2({.flags = 16, .title = "Child"}, 0);
+    wglselect(1, 0, 2);
+    ASSERT_EQ(wbitmapcreate(10, 10), 1);
+    windowclose();
+    EXPECT_FALSE(is_shown("Root"));
+    EXPECT_FALSE(is_shown("Child"));
+    EXPECT_EQ(winfowindow(1), -1);
+    EXPECT_EQ(wbitmapcreate(10, 10), 1);
+    EXPECT_EQ(open_root({.width = 200, .height = 100}).width, 200);
+    EXPECT_EQ(infoerror(1), 0);
+}
+
+TEST(GlDisplay, AWindowShowsWhatIsDrawn) {
+    const Rectangle area = open_root({.width = 300, .height = 200});
+    wglselect(1, 0, 2);
+    ASSERT_EQ(infoerror(1), 0);
+    drain();
+    fill(1.0f, 0.0f, 0.0f);
+    drain();
+    EXPECT_EQ(pixel(centre(area)), red);
+    GLint depth = 0;
+    glGetIntegerv(GL_DEPTH_BITS, &depth);
+    EXPECT_GE(depth, 16);
+    wglselect(0, 0, 0);
+    wglswapbuffers();  // nothing
+    EXPECT_EQ(infoerror(1), 0);
+}
+
+TEST(GlDisplay, WithoutATargetThereIsAnErrorAndNothingToSwap) {
+    open_root({.width = 300, .height = 200});
+    wglselect(1, 9, 2);
+    EXPECT_EQ(infoerror(1), 1019);
+    wglselect(2, 1, 0);
+    EXPECT_EQ(infoerror(1), 1019);
+    wglselect(3, 1001, 2);
+    EXPECT_EQ(infoerror(1), 1019) << "no dialog, no field";
+    wglswapbuffers();
+    wglselect(9, 0, 0);
+    EXPECT_EQ(infoerror(1), 0) << "other types only close OpenGL down";
+}
+
+TEST(GlDisplay, DisplayListsSurviveTheWayToABitmapAndBack) {
+    const Rectangle area = open_root({.width = 300, .height = 200});
+    wglselect(1, 0, 2);
+    const GLuint list = glGenLists(1);
+    glNewList(list, GL_COMPILE);
+    glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glEndList();
+
+    const int bitmap = wbitmapcreate(60, 40);
+    wglselect(2, bitmap, 0);
+    ASSERT_EQ(infoerror(1), 0);
+    glCallList(list);
+    wglswapbuffers();
+    unsigned char rgb[3] = {};
+    glReadPixels(30, 20, 1, 1, GL_RGB, GL_UNSIGNED_BYTE, rgb);
+    EXPECT_EQ(rgb[0], 255);
+    EXPECT_EQ(rgb[1], 0);
+
+    wglselect(1, 0, 2);
+    ASSERT_EQ(infoerror(1), 0);
+    glCallList(list);
+    wglswapbuffers();
+    drain();
+    EXPECT_EQ(pixel(centre(area)), red);
+    wbitmapdestroy(bitmap);
+    EXPECT_EQ(infoerror(1), 0);
+}
+
+TEST(GlDisplay, ASecondSelectionOfTheWindowDrawsAgain) {
+    const Rectangle area = open_root({.width = 300, .height = 200});
+    for (int i = 0; i < 3; ++i) wglselect(1, 0, 2);
+    ASSERT_EQ(infoerror(1), 0);
+    drain();
+    fill(0.0f, 0.0f, 1.0f);
+    drain();
+    EXPECT_EQ(pixel(centre(area)), blue);
+}
+
+TEST(GlDisplay, TextWithASystemFontLeavesNoMarkAndNoState) {
+    const Rectangle area = open_root({.width = 300, .height = 200});
+    wglselect(1, 0, 2);
+    drain();
+    wgltextfont(102);
+    EXPECT_EQ(infoerror(1), 0);
+    glListBase(17);
+    glFrontFace(GL_CW);
+    glCullFace(GL_FRONT);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glColor3f(1.0f, 0.0f, 0.0f);
+    wgltextstring("a");
+    wglswapbuffers();
+    drain();
+    const std::vector<unsigned> shown = pixels({area.x, area.y, 300, 200});
+    EXPECT_EQ(std::ranges::count(shown, 0xffffffU), std::ssize(shown));
+    GLint value = 0;
+    glGetIntegerv(GL_LIST_BASE, &value);
+    EXPECT_EQ(value, 17);
+    glGetIntegerv(GL_FRONT_FACE, &value);
+    EXPECT_EQ(value, GL_CW);
+    glGetIntegerv(GL_CULL_FACE_MODE, &value);
+    EXPECT_EQ(value, GL_FRONT);
+
+    const GLuint next = glGenLists(1);
+    wgltextfont(102);
+    EXPECT_EQ(glGenLists(1), next + 1) << "the same font again makes no lists";
+    wgltextfont(100);
+    EXPECT_EQ(infoerror(1), 1104) << "family 0 wants a name";
+}
+
+namespace {
+
+constexpr int main_dialog = 101;
+constexpr int picture_field = 1001;
+
+Rectangle open_main() {
+    return open_root({.menu = 30001, .toolbars = {30102, 30101, 0, 0}, .dialog = main_dialog});
+}
+
+/// Where the picture field's content is on the screen: a press at a known place tells it.
+Point field_origin(Point somewhere) {
+    click(somewhere);
+    const MessageRecord press = wait_for(MouseButDown);
+    return {somewhere.x - press.X, somewhere.y - press.Y};
+}
+
+void draw_halves() {
+    glViewport(0, 0, winfodrawable(4), winfodrawable(5));
+    glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glColor3f(0.0f, 0.0f, 1.0f);
+    glRectf(-1.0f, -1.0f, 0.0f, 1.0f);
+    wglswapbuffers();
+}
+
+}  // namespace
+
+TEST(DialogWindowDisplay, ADialogFillsTheClientArea) {
+    const Rectangle area = open_main();
+    EXPECT_EQ(infoerror(1), 0);
+    EXPECT_EQ(winfowindow(6), 3);
+    EXPECT_LT(winfowindow(2), area.width);
+    const SizeLimits limits = size_limits("Root");
+    EXPECT_EQ(limits.max_width, 0) << "its picture grows, so the window may";
+    EXPECT_EQ(windowopenchild2({.dialog = main_dialog}), -5) << "loaded already";
+    EXPECT_EQ(windowopenchild2({.flags = 16}, 0), -3) << "the parent carries a dialog";
+    EXPECT_EQ(windowopenchild2({.dialog = 9876}), -1);
+}
+
+TEST(DialogWindowDisplay, APictureFieldIsADrawableAndTellsThePointerInPixels) {
+    const Rectangle area = open_main();
+    igrselect(3, picture_field);
+    EXPECT_EQ(infoerror(1), 0);
+    EXPECT_EQ(winfodrawable(1), 3);
+    EXPECT_EQ(winfodrawable(3), main_dialog);
+    wglselect(3, picture_field, 2);
+    ASSERT_EQ(infoerror(1), 0);
+    drain();
+    const Point at = centre(area);
+    click(at);
+    const MessageRecord first = wait_for(MouseButDown);
+    EXPECT_EQ(first.WIN, main_dialog);
+    EXPECT_EQ(first.VALUE3, SourceField);
+    EXPECT_EQ(first.VALUE4, picture_field);
+    click({at.x + 17, at.y + 5});
+    const MessageRecord second = wait_for(MouseButDown);
+    EXPECT_EQ(second.X - first.X, 17);
+    EXPECT_EQ(second.Y - first.Y, 5);
+    wmessageenable(MouseMove, 1);
+    drain();
+    move_to(at);
+    const MessageRecord move = wait_for(MouseMove);
+    EXPECT_EQ(move.VALUE1, -1);
+    EXPECT_EQ(move.VALUE4, picture_field);
+}
+
+TEST(DialogWindowDisplay, APictureFieldShowsOpenGLAndGrowsWithTheWindow) {
+    const Rectangle area = open_main();
+    wglselect(3, picture_field, 2);
+    EXPECT_EQ(wait_for(ExposeMessage).VALUE4, picture_field);
+    igrselect(3, picture_field);
+    const int width = winfodrawable(4);
+    const int height = winfodrawable(5);
+    draw_halves();
+    drain();
+    const Point origin = field_origin(centre(area));
+    EXPECT_EQ(pixel({origin.x + 2, origin.y + 2}), blue);
+    EXPECT_EQ(pixel({origin.x + width - 3, origin.y + height - 3}), red);
+
+    resize_window("Root", area.width + 60, area.height - 40);
+    EXPECT_EQ(wait_for(Resize).WIN, 0);
+    EXPECT_EQ(winfodrawable(4), width + 60);
+    EXPECT_EQ(winfodrawable(5), height - 40);
+    drain();
+    draw_halves();
+    drain();
+    EXPECT_EQ(pixel({origin.x + width + 57, origin.y + height - 43}), red);
+}
+
+TEST(DialogWindowDisplay, AFieldShowsTheSamePictureAfterABitmap) {
+    const Rectangle area = open_main();
+    wglselect(3, picture_field, 2);
+    igrselect(3, picture_field);
+    drain();
+    draw_halves();
+    drain();
+    const std::vector<unsigned> before = pixels(area);
+    const int bitmap = wbitmapcreate(600, 480);
+    wglselect(2, bitmap, 0);
+    ASSERT_EQ(infoerror(1), 0);
+    glClear(GL_COLOR_BUFFER_BIT);
+    wglswapbuffers();
+    wglselect(3, picture_field, 2);
+    wbitmapdestroy(bitmap);
+    ASSERT_EQ(infoerror(1), 0);
+    draw_halves();
+    drain();
+    EXPECT_EQ(pixels(area), before);
+}
+
+TEST(DialogWindowDisplay, OnlyAPictureTakesOpenGL) {
+    open_main();
+    for (const int field : {1002, 1006, 5555}) {
+        wglselect(3, field, 2);
+        EXPECT_EQ(infoerror(1), 1019) << field;
+        wglswapbuffers();
+    }
+    igrselect(3, 5555);
+    EXPECT_EQ(infoerror(1), 1019);
+    EXPECT_EQ(winfodrawable(1), 1);
+}
+
+TEST(DialogWindowDisplay, HelpIsAskedForByKey) {
+    const Rectangle area = open_main();
+    wglselect(3, picture_field, 2);
+    click(centre(area));
+    wait_for(MouseButDown);
+    key("F1");
+    const MessageRecord help = wait_for(PushButton);
+    EXPECT_EQ(help.WIN, main_dialog);
+    EXPECT_EQ(help.VALUE1, 9);
+}
+
+TEST(LostDisplayDisplay, TheProgramSaysSoAndEnds) {
+    EXPECT_EXIT(
+        {
+            windowopen2({.width = 300, .height = 200, .title = "Root"});
+            wglselect(1, 0, 2);
+            kill_client("Root");
+            for (int i = 0; i < 1000; ++i) {
+                int type = 0;
+                MessageRecord record;
+                wmessagepeek(type, record);
+                wglswapbuffers();
+                wmessagewait(10);
+            }
+            std::exit(0);
+        },
+        testing::ExitedWithCode(1), "Lost connection to the X display");
+}
