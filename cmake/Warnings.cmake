@@ -2,7 +2,7 @@
 add_library(gemwright_warnings INTERFACE)
 target_compile_options(gemwright_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wdouble-promotion
-  -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wnull-dereference
+  -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wno-missing-field-initializers
   # Results in 32-bit reals are the same on every machine and at every optimisation level.
   -ffp-contract=off)

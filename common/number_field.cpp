@@ -27,10 +27,9 @@ std::string justified(std::string text, int width) {
     return std::string(room - text.size(), ' ') + text;
 }
 
-std::string without_sign_of_zero(std::string text) {
+void drop_sign_of_zero(std::string& text) {
     if (text.starts_with('-') && text.find_first_of("123456789") == std::string::npos)
         text.erase(0, 1);
-    return text;
 }
 
 std::string not_finite(double value) {
@@ -44,8 +43,9 @@ std::string fixed_digits(double value, int decimals) {
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                       std::chars_format::fixed, std::min(decimals, max_decimals));
     std::string text(buffer.data(), result.ptr);
-    if (decimals == 0) text += '.';
-    return without_sign_of_zero(std::move(text));
+    if (decimals == 0) text.push_back('.');
+    drop_sign_of_zero(text);
+    return text;
 }
 
 /// Significant digits and decimal exponent of |value| = 0.d1d2d3... 10^exponent, rounded.
