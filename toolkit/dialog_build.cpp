@@ -122,6 +122,27 @@ bool is_ascii(const std::string& text) {
     return std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
 }
 
+bool is_scalable(const TextFont& font) {
+    XmRendition rendition =
+        XmRenderTableGetRendition(font.table, const_cast<char*>(XmFONTLIST_DEFAULT_TAG));
+    if (!rendition) return false;
+    XmFontType type = XmFONT_IS_FONT;
+    Arg arg{const_cast<char*>(XmNfontType), reinterpret_cast<XtArgVal>(&type)};
+    XmRenditionRetrieve(rendition, &arg, 1);
+    XmRenditionFree(rendition);
+    return type == XmFONT_IS_XFT;
+}
+
+/// The Greek letters of the angles, where the server's own fonts have none.
+std::string in_latin_letters(std::string text) {
+    constexpr std::array<std::array<const char*, 2>, 3> letters{
+        {{"\u03b1", "al"}, {"\u03b2", "be"}, {"\u03b3", "ga"}}};
+    for (const auto& [greek, latin] : letters)
+        if (const std::size_t at = text.find(greek); at != std::string::npos)
+            text.replace(at, std::string_view(greek).size(), latin);
+    return text;
+}
+
 int label_alignment(int style) {
     switch (style & 3) {
         case 1:
@@ -149,8 +170,9 @@ Widget create_border(FieldRecord& field, bool with_line) {
 
 void create_label(FieldRecord& field) {
     field.position_widget = create_border(field, true);
-    const CompoundText text(wrapped(field.text, field.box.width, label_lines(field)));
     const TextFont& font = is_ascii(field.text) ? wFonts.dialog : wFonts.symbol;
+    if (!is_ascii(field.text) && !is_scalable(font)) field.text = in_latin_letters(field.text);
+    const CompoundText text(wrapped(field.text, field.box.width, label_lines(field)));
     Arguments args;
     args(XmNrenderTable, font.table)(XmNlabelString, text.get())(XmNmarginWidth, 0);
     args(XmNmarginHeight, 0)(XmNrecomputeSize, False)(XmNalignment, label_alignment(field.style));
@@ -351,7 +373,8 @@ Arguments toggle_arguments(const FieldRecord& field, bool radio) {
     } else {
         extra(XmNindicatorType, radio ? XmONE_OF_MANY_ROUND : XmN_OF_MANY);
         extra(XmNindicatorOn, radio ? XmINDICATOR_FILL : XmINDICATOR_CHECK_BOX);
-        extra(XmNindicatorSize, wFonts.dialog.measures.ascent)(XmNshadowThickness, 0);
+        extra(XmNindicatorSize, wFonts.dialog.measures.ascent + 2)(XmNshadowThickness, 0);
+        extra(XmNdetailShadowThickness, 1);
         extra(XmNselectColor, radio ? wSchemeCol.highlight : wSchemeCol.field);
         extra(XmNunselectColor, wSchemeCol.field);
         extra(XmNalignment, XmALIGNMENT_BEGINNING)(XmNspacing, 4);
@@ -414,12 +437,16 @@ void create_combo(FieldRecord& field) {
     Arguments args = placed_text(field.box);
     const bool fixed = (field.style & field_style::drop_down_list) == field_style::drop_down_list;
     args(XmNcomboBoxType, fixed ? XmDROP_DOWN_LIST : XmDROP_DOWN_COMBO_BOX);
+    constexpr int arrow = 16;
     args(XmNmarginHeight, 0)(XmNmarginWidth, 0)(XmNshadowThickness, 1)(XmNhighlightThickness, 1);
+    args(XmNarrowSize, arrow)(XmNarrowSpacing, 0);
     field.position_widget = args.create("combo", comboWidgetClass, field.dialog->widget);
     field.widget = field.position_widget;
-    field.focus_widget = fixed ? field.widget : combo_text(field.widget);
-    XtVaSetValues(combo_text(field.widget), XmNrenderTable, wFonts.dialog.table, XmNmarginHeight, 1,
-                  XmNmarginWidth, 2, nullptr);
+    field.focus_widget = combo_text(field.widget);
+    constexpr int frames = 3;  // of the combo and of its text
+    XtVaSetValues(combo_text(field.widget), XmNrenderTable, wFonts.dialog.table, XmNmarginHeight,
+                  text_margin(closed_combo_height(field), frames), XmNmarginWidth, 2,
+                  XmNcursorPositionVisible, False, nullptr);
     XtVaSetValues(combo_list(field.widget), XmNrenderTable, wFonts.dialog.table, nullptr);
     fill_menu(field);
     XtAddCallback(field.widget, XmNselectionCallback, changed, &field);

@@ -142,6 +142,9 @@ void show_caret(const FieldRecord& field, bool show) {
 
 void yyDGFieldChangeFocusEH(Widget, XtPointer client, XEvent* event, Boolean*) {
     FieldRecord& field = *static_cast<FieldRecord*>(client);
+    // Also the window under the pointer hears when the focus comes to the window around it.
+    const int detail = event->xfocus.detail;
+    if (detail == NotifyPointer || detail == NotifyPointerRoot) return;
     const bool in = event->type == FocusIn;
     show_caret(field, in && field.state == FieldEnabled);
     if (in) focus_entered(field);
@@ -324,7 +327,7 @@ constexpr char dialog_keys[] =
 // With Shift the Tab key is ISO_Left_Tab on today's keyboards.
 constexpr char field_keys[] =
     "Shift<Key>Tab: yyDGKeyTrans(t,b)\n"
-    "<Key>ISO_Left_Tab: yyDGKeyTrans(t,b)\n"
+    "Shift<Key>ISO_Left_Tab: yyDGKeyTrans(t,b)\n"
     "<Key>Tab: yyDGKeyTrans(t,f)\n";
 
 constexpr char string_keys[] =

@@ -14,15 +14,17 @@ void configure(Widget widget, const Box& box) {
     place(widget, box.x, box.y, box.width, box.height);
 }
 
-/// A combo's height in the resource is that of its opened list; closed it is as tall as its text
-/// asks for.
 Box widget_box(const FieldRecord& field) {
     Box box = field.box;
-    if (field.type == FieldType::Combo) box.height = std::min(box.height, pixels_down(14));
+    if (field.type == FieldType::Combo) box.height = closed_combo_height(field);
     return box;
 }
 
 }  // namespace
+
+int closed_combo_height(const FieldRecord& field) {
+    return std::min(field.box.height, pixels_down(12));
+}
 
 void lay_out_fields(DialogRecord& dialog) {
     Dimension width = 0;

@@ -167,6 +167,8 @@ void restack(DialogRecord& dialog);
 
 /// yyDGFieldUpdateSize: places the fields for the present size of the dialog's widget.
 void lay_out_fields(DialogRecord& dialog);
+/// A combo's height in the resource is that of its opened list; closed it takes one line of it.
+int closed_combo_height(const FieldRecord& field);
 /// Puts the pages of a tab at its inner rectangle, the one in front shown.
 void place_pages(FieldRecord& tab);
 /// Brings a page to the front, without a message.

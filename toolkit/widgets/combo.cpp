@@ -1,6 +1,5 @@
 #include "toolkit/widgets/combo_p.hpp"
 
-#include <Xm/ComboBox.h>
 #include <Xm/List.h>
 #include <Xm/TextF.h>
 
@@ -49,12 +48,17 @@ void combo_set_options(Widget combo, std::span<const std::string> options) {
 void combo_select(Widget combo, int option) {
     const Widget list = combo_list(combo);
     XmListDeselectAllItems(list);
+    char* text = nullptr;
     if (option > 0) {
         XmListSelectPos(list, option, False);
-        XmComboBoxUpdate(combo);
-    } else {
-        XmTextFieldSetString(combo_text(combo), const_cast<char*>(""));
+        XmStringTable items = nullptr;
+        XtVaGetValues(list, XmNitems, &items, nullptr);
+        text = static_cast<char*>(XmStringUnparse(items[option - 1], nullptr, XmCHARSET_TEXT,
+                                                  XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
     }
+    // XmComboBoxUpdate leaves the text of a combo that was never opened as it was.
+    XmTextFieldSetString(combo_text(combo), text ? text : const_cast<char*>(""));
+    XtFree(text);
 }
 
 int combo_selected(Widget combo) {

@@ -1,0 +1,573 @@
+#include "tests/support/display_input.hpp"
+#include "tests/support/temp_file.hpp"
+
+#include <gtest/gtest.h>
+
+#include "toolkit/dialogs.hpp"
+#include "toolkit/errors.hpp"
+#include "toolkit/start.hpp"
+#include "toolkit/tesserakit.hpp"
+
+#include <clocale>
+#include <cstdlib>
+
+using namespace tesserakit;
+using namespace display_input;
+
+namespace {
+
+constexpr std::array all_dialogs{102, 103, 104, 105, 106, 107, 108, 110,
+                                 111, 112, 117, 118, 119, 120, 121, 32103};
+
+DialogRecord& record(int dialog) { return wDialogInfo[static_cast<std::size_t>(yyDGslot(dialog))]; }
+
+FieldRecord& field(int dialog, int identifier) { return *find_field(record(dialog), identifier); }
+
+/// A place in a field on the screen: its middle, moved by so many pixels.
+Point spot(int dialog, int identifier, int dx = 0, int dy = 0) {
+    wdialogselect(dialog);
+    const Box& box = field(dialog, identifier).box;
+    return {winfodialog(6) + box.x + box.width / 2 + dx,
+            winfodialog(7) + box.y + box.height / 2 + dy};
+}
+
+class DialogsDisplay : public testing::Test {
+protected:
+    void SetUp() override {
+        winitialise();
+        windowopen2({.dialog = 101, .title = "Root"});
+        ASSERT_EQ(infoerror(1), 0);
+        window_titled("Root");
+        for (const int type : {FieldChanged, TabChanged}) wmessageenable(type, 1);
+        wmessageenable(ExposeMessage, 0);
+        wmessageenable(Resize, 0);
+    }
+
+    /// Loads and shows a dialog, and waits until the focus is where it belongs.
+    static void show(int dialog) {
+        wdialogload(dialog);
+        wdialogshow();
+        ASSERT_EQ(infoerror(1), 0) << dialog;
+        window_titled(record(dialog).title);
+        // The window manager's focus reaches the dialog with a delay of its own.
+        poll_until([dialog] {
+            const FieldRecord* current = record(dialog).current_field;
+            return !first_focus(record(dialog)) ||
+                   (current && XmGetFocusWidget(record(dialog).shell) == current->focus_widget);
+        });
+        settle();
+        drain();
+    }
+
+    static void expect_move(int dialog, int from, int to) {
+        const MessageRecord message = wait_for(FieldChanged);
+        EXPECT_EQ(message.WIN, dialog);
+        EXPECT_EQ(message.VALUE1, from);
+        EXPECT_EQ(message.VALUE2, to);
+    }
+
+    static void expect_button(int dialog, int button) {
+        const MessageRecord message = wait_for(PushButton);
+        EXPECT_EQ(message.WIN, dialog);
+        EXPECT_EQ(message.VALUE1, button);
+    }
+
+    static std::string text_of(int dialog, int identifier) {
+        std::string text;
+        wdialogselect(dialog);
+        wdialoggetstring(identifier, text);
+        return text;
+    }
+
+    static float real_of(int dialog, int identifier) {
+        float value = 0;
+        wdialogselect(dialog);
+        wdialoggetreal(identifier, value);
+        return value;
+    }
+};
+
+/// Pixels that a field needs for its text, beside the text itself.
+int room_for_indicator(const FieldRecord& field) {
+    if (field.type == FieldType::Label) return 0;
+    return field.type == FieldType::Button ? 6 : wFonts.dialog.measures.ascent + 8;
+}
+
+/// An installed locale, or else one made for the test: C's, but for the numbers.
+bool use_comma_locale(const TempDirectory& folder) {
+    if (std::setlocale(LC_ALL, "de_DE.UTF-8")) return true;
+    std::string source = "LC_NUMERIC\ncopy \"de_DE\"\nEND LC_NUMERIC\n";
+    for (const std::string category :
+         {"LC_CTYPE", "LC_COLLATE", "LC_MONETARY", "LC_TIME", "LC_MESSAGES", "LC_PAPER", "LC_NAME",
+          "LC_ADDRESS", "LC_TELEPHONE", "LC_MEASUREMENT", "LC_IDENTIFICATION"})
+        source += category + "\ncopy \"POSIX\"\nEND " + category + "\n";
+    const std::string make = "localedef -c -i " + folder.file("source", source) + " -f UTF-8 " +
+                             folder.name("comma") + " 2>/dev/null";
+    ::setenv("LOCPATH", folder.path().c_str(), 1);
+    return std::system(make.c_str()) >= 0 && std::setlocale(LC_ALL, "comma");
+}
+
+bool overlap(const Box& a, const Box& b) {
+    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
+           b.y < a.y + a.height;
+}
+
+}  // namespace
+
+TEST_F(DialogsDisplay, NoTextOfAnyDialogIsCut) {
+    for (const int dialog : all_dialogs) {
+        wdialogload(dialog);
+        ASSERT_EQ(infoerror(1), 0) << dialog;
+    }
+    int texts = 0;
+    constexpr FieldTypes shown{FieldType::Label, FieldType::Button, FieldType::Check,
+                               FieldType::Radio};
+    for (DialogRecord& dialog : wDialogInfo)
+        for (const FieldRecord& one : dialog.fields) {
+            if (!shown.has(one.type) || one.text.empty()) continue;
+            SCOPED_TRACE(std::to_string(dialog.identifier) + " " + one.text);
+            const int lines = std::max(1, one.box.height / wFonts.dialog.height());
+            const int wanted = text_width(wFonts.dialog, one.text) + room_for_indicator(one);
+            // Where there are several lines a break at a blank costs some of the width.
+            EXPECT_LE(wanted, lines * one.box.width * (lines > 1 ? 0.9 : 1.0));
+            ++texts;
+        }
+    EXPECT_GT(texts, 100);
+}
+
+TEST_F(DialogsDisplay, FieldsOfOneDialogDoNotCoverEachOther) {
+    for (const int dialog : all_dialogs) wdialogload(dialog);
+    for (DialogRecord& dialog : wDialogInfo)
+        for (const FieldRecord& a : dialog.fields)
+            for (const FieldRecord& b : dialog.fields) {
+                if (&a >= &b || a.type == FieldType::Group || b.type == FieldType::Group) continue;
+                if (a.type == FieldType::Combo || b.type == FieldType::Combo) continue;
+                // Fields of one row may touch; in dialog 114 and 103 labels reach into the gap.
+                Box inner = a.box;
+                inner.x += 2;
+                inner.y += 2;
+                inner.width -= 4;
+                inner.height -= 4;
+                EXPECT_FALSE(overlap(inner, b.box) && !a.text.empty() && !b.text.empty())
+                    << dialog.identifier << ": " << a.identifier << ", " << b.identifier;
+            }
+}
+
+TEST_F(DialogsDisplay, EveryKindOfFieldTakesAndGivesItsValue) {
+    wdialogload(103);
+    wdialogputreal(1015, 0.333333333f, "(f7.2)");
+    EXPECT_EQ(text_of(103, 1015), "0.33");
+    EXPECT_EQ(real_of(103, 1015), 0.333333333f) << "in full, not as shown";
+    wdialogputreal(1015, 51.0f);
+    EXPECT_EQ(infoerror(1), 1009);
+    EXPECT_EQ(text_of(103, 1015), "0.33");
+    wdialogload(107);
+    const std::vector<std::string> atoms{"Fe1", "O1   ", "-New atom-"};
+    wdialogputmenu1(1069, atoms, 2);
+    int option = 0;
+    std::string text;
+    wdialoggetmenu1(1069, option);
+    wdialoggetmenu2(1069, text);
+    EXPECT_EQ(option, 2);
+    EXPECT_EQ(text, "O1");
+    wdialogselect(109);
+    wdialogputinteger(1085, 24);
+    int number = 0;
+    wdialoggetinteger(1085, number);
+    EXPECT_EQ(number, 24);
+    wdialogputstring(1080, "Mn2       ");
+    EXPECT_EQ(text_of(109, 1080), "Mn2");
+    wdialogselect(114);
+    wdialogputcheckbox(1101, 1);
+    int state = 0;
+    wdialoggetcheckbox(1101, state);
+    EXPECT_EQ(state, 1);
+    wdialogputradiobutton(1108);
+    int ordinal = 0;
+    wdialoggetradiobutton(1107, ordinal);
+    EXPECT_EQ(ordinal, 2);
+    wdialogputtrackbar(1105, 250);
+    int value = 0;
+    wdialoggettrackbar(1105, value);
+    EXPECT_EQ(value, 100) << "moved into the range";
+    wdialogload(110);
+    wdialogputoption1(1110, 7);
+    wdialoggetmenu2(1110, text);
+    EXPECT_EQ(text, "F");
+    wdialogload(102);
+    wgridrows(1012, 192);
+    wgridputcellstring(1012, 1, 192, "z,x,y");
+    wgridgetcellstring(1012, 1, 192, text);
+    EXPECT_EQ(text, "z,x,y");
+    EXPECT_EQ(infoerror(1), 0);
+}
+
+TEST_F(DialogsDisplay, FailuresLeaveTheirCodeAndChangeNothing) {
+    const auto error_of = [](auto call) {
+        call();
+        return infoerror(1);
+    };
+    float real = 3.0f;
+    int number = 5;
+    yyDGmakecurrent(-1);
+    EXPECT_EQ(error_of([&] { wdialoggetreal(1015, real); }), 1005);
+    EXPECT_EQ(error_of([] { wdialogload(4711); }), 1007);
+    EXPECT_EQ(error_of([] { wdialogselect(103); }), 1008);
+    wdialogload(103);
+    EXPECT_EQ(error_of([&] { wdialoggetreal(999, real); }), 1006);
+    EXPECT_EQ(error_of([&] { wdialoggetcheckbox(1015, number); }), 1006) << "of another type";
+    EXPECT_EQ(real, 3.0f);
+    EXPECT_EQ(number, 5);
+    EXPECT_EQ(error_of([] { wdialogshow(-1, -1, 0, 4); }), 1014);
+    wdialogload(107);
+    const std::vector<std::string> two{"a", "b"};
+    wdialogputmenu1(1069, two, 1);
+    EXPECT_EQ(error_of([] { wdialogputoption1(1069, 3); }), 1011);
+    EXPECT_EQ(error_of([] { wdialogputoption1(1069, 0); }), 1011);
+    wdialoggetmenu1(1069, number);
+    EXPECT_EQ(number, 1);
+    EXPECT_EQ(error_of([] { wdialogputtab(1072, 116); }), 1012);
+    wdialogselect(114);
+    EXPECT_EQ(error_of([] { wdialogputtrackbar(1105, 5, 10, 10); }), 1009);
+    EXPECT_EQ(error_of([] { wdialoghide(); }), SubDialogNotHidden);
+    wdialogload(102);
+    EXPECT_EQ(error_of([] { wgridrows(1012, 0); }), 1018);
+    EXPECT_EQ(error_of([] { wgridrows(1012, 193); }), 1018);
+    EXPECT_EQ(error_of([] { wgridputcellstring(1012, 1, 192, "x,y,z"); }), 0)
+        << "a row count beyond the capacity sets the capacity";
+    EXPECT_EQ(error_of([] { wgridputcellstring(1012, 2, 1, "x"); }), 1017);
+    wdialogselect(101);
+    EXPECT_EQ(error_of([] { wdialoghide(); }), 1047);
+}
+
+TEST_F(DialogsDisplay, AnEmptyNumberIsUndefined) {
+    wdialogload(105);
+    wdialogputstring(1029, "");
+    EXPECT_EQ(real_of(105, 1029), undefined_real);
+    EXPECT_EQ(infoerror(1), 1010);
+}
+
+TEST_F(DialogsDisplay, ALoadedDialogKeepsItsValues) {
+    wdialogload(105);
+    wdialogputreal(1029, 5.43f);
+    wdialogfieldstate(1029, FieldDisabled);
+    wdialogputreal(1031, 6.5f);
+    show(105);
+    wdialoghide();
+    wdialogputreal(1029, 7.25f);
+    wdialogload(105);
+    EXPECT_EQ(real_of(105, 1029), 7.25f);
+    EXPECT_EQ(real_of(105, 1031), 6.5f);
+}
+
+TEST_F(DialogsDisplay, TabGoesAroundTheFields) {
+    show(105);
+    constexpr std::array order{1029, 1031, 1033, 1035, 1037, 1039, 1029};
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        key("Tab");
+        expect_move(105, order[i - 1], order[i]);
+    }
+    key("shift+Tab");
+    expect_move(105, 1029, 1039);
+}
+
+TEST_F(DialogsDisplay, TabReachesThePageInFrontAndStopsAtTheSetRadio) {
+    wdialogload(107);
+    wdialogputtab(1072, 114);
+    wdialogselect(114);
+    wdialogputradiobutton(1108);
+    show(107);
+    std::vector<int> reached;
+    for (int i = 0; i < 11; ++i) {
+        key("Tab");
+        reached.push_back(wait_for(FieldChanged).VALUE2);
+    }
+    // The list, which has the focus first, comes last; the button below the page's edge never.
+    const std::vector<int> expected{1071, 1070, 1072, 1101, 1103, 1105,
+                                    1126, 1125, 1124, 1108, 1069};
+    EXPECT_EQ(reached, expected);
+}
+
+TEST_F(DialogsDisplay, ReturnIsOkEscapeAndCloseAreCancel) {
+    show(103);
+    key("Return");
+    expect_button(103, 1);
+    key("Escape");
+    expect_button(103, 2);
+    close_window("Box limits...");
+    expect_button(103, 2);
+    show(107);
+    key("Tab");
+    wait_for(FieldChanged);
+    key("Return");  // on a button presses it
+    expect_button(107, 1071);
+    // In a page they are the whole dialog's.
+    click(spot(109, 1080));
+    wait_for(FieldChanged);
+    key("Escape");
+    expect_button(107, 2);
+    show(108);  // a dialog without anything that could have the focus
+    key("Escape");
+    expect_button(108, 2);
+}
+
+TEST_F(DialogsDisplay, TheDefaultButtonTakesReturn) {
+    show(32103);
+    type("Fe");
+    key("Return");
+    expect_button(32103, 1);
+    EXPECT_EQ(text_of(32103, 1002), "Fe");
+    EXPECT_EQ(winfodialog(4), 1002);
+}
+
+TEST_F(DialogsDisplay, AMnemonicMovesTheFocusOrPresses) {
+    wdialogload(32103);
+    field(32103, 1001).mnemonic = 'w';  // label: hands on to the text
+    field(32103, 2).mnemonic = 'c';
+    show(32103);
+    key("Tab");
+    wait_for(FieldChanged);
+    key("alt+w");
+    EXPECT_EQ(wait_for(FieldChanged).VALUE2, 1002);
+    key("alt+c");
+    expect_button(32103, 2);
+}
+
+TEST_F(DialogsDisplay, ATypedNumberCountsWhenTheFocusLeaves) {
+    show(103);
+    key("ctrl+a");
+    type("-2.5");
+    key("Tab");
+    expect_move(103, 1015, 1015);  // its value
+    expect_move(103, 1015, 1017);
+    EXPECT_EQ(real_of(103, 1015), -2.5f);
+}
+
+TEST_F(DialogsDisplay, ABadNumberHoldsTheFocusUntilItIsGood) {
+    show(103);
+    wdialogputreal(1015, 0.25f, "(f7.2)");
+    key("ctrl+a");
+    type("99");
+    key("Tab");
+    poll_until([] { return bInvalidField; });
+    drain();
+    EXPECT_EQ(XmGetFocusWidget(record(103).shell), field(103, 1015).focus_widget);
+    key("Return");
+    click(spot(103, 1021));
+    settle();
+    EXPECT_TRUE(drain().empty()) << "nothing is told while the number is bad";
+    key("F1");
+    expect_button(103, 9);
+    key("Escape");
+    expect_button(103, 2);
+    EXPECT_EQ(text_of(103, 1015), "0.25");
+    EXPECT_FALSE(bInvalidField);
+}
+
+TEST_F(DialogsDisplay, SpinnerArrowsStepAndStayInTheRange) {
+    wdialogload(107);
+    wdialogputtab(1072, 114);
+    wdialogselect(114);
+    wdialogspinnerstep2(1103, 0.25f, 1.0f);
+    ASSERT_EQ(infoerror(1), 0);
+    wdialogputreal(1103, 0.5f, "(f7.2)");
+    show(107);
+    const Box& box = field(114, 1103).box;
+    const Point up = spot(114, 1103, box.width / 2 - 6, -box.height / 4);
+    const Point down = spot(114, 1103, box.width / 2 - 6, box.height / 4);
+    click(up);
+    wait_for(FieldChanged);  // the focus
+    expect_move(114, 1103, 1103);
+    EXPECT_EQ(text_of(114, 1103), "0.75");
+    for (int i = 0; i < 4; ++i) {
+        click(down);
+        expect_move(114, 1103, 1103);
+    }
+    EXPECT_EQ(text_of(114, 1103), "0.00") << "stops at the low limit";
+    key("ctrl+Up");
+    expect_move(114, 1103, 1103);
+    EXPECT_EQ(real_of(114, 1103), 1.0f);
+}
+
+TEST_F(DialogsDisplay, AHeldArrowRepeats) {
+    show(103);
+    const Box& box = field(103, 1015).box;
+    move_to(spot(103, 1015, box.width / 2 - 6, -box.height / 4));
+    press();
+    for (int i = 0; i < 3; ++i) expect_move(103, 1015, 1015);
+    release();
+    settle();
+    drain();
+    const float stopped = real_of(103, 1015);
+    EXPECT_GE(stopped, 0.3f - 1e-6f);
+    drain();
+    EXPECT_EQ(real_of(103, 1015), stopped);
+}
+
+TEST_F(DialogsDisplay, TrackbarsRadiosAndChecksTellOfTheirValue) {
+    show(117);
+    key("Right");
+    expect_move(117, 1171, 1171);
+    int value = 0;
+    wdialoggettrackbar(1171, value);
+    EXPECT_EQ(value, 1);
+    show(106);
+    int ordinal = 0;
+    click(spot(106, 1067, -20));
+    wait_for(FieldChanged);
+    expect_move(106, 1067, 1067);
+    wdialoggetradiobutton(1066, ordinal);
+    EXPECT_EQ(ordinal, 2);
+    key("Up");
+    wait_for(FieldChanged);
+    expect_move(106, 1066, 1066);
+    wdialoggetradiobutton(1067, ordinal);
+    EXPECT_EQ(ordinal, 1);
+    click(spot(106, 1064));
+    wait_for(FieldChanged);
+    expect_move(106, 1064, 1064);
+    int state = 0;
+    wdialoggetcheckbox(1064, state);
+    EXPECT_EQ(state, 1);
+}
+
+TEST_F(DialogsDisplay, ListsAndCombosTellOfTheirSelection) {
+    wdialogload(107);
+    const std::vector<std::string> atoms{"Fe1", "O1", "O2"};
+    wdialogputmenu1(1069, atoms, 1);
+    show(107);
+    key("Down");
+    expect_move(107, 1069, 1069);
+    int option = 0;
+    wdialoggetmenu1(1069, option);
+    EXPECT_EQ(option, 2);
+    wdialogload(110);
+    wdialogputoption1(1110, 1);
+    show(110);
+    key("Down");
+    expect_move(110, 1110, 1110);
+    wdialogselect(110);
+    wdialoggetmenu1(1110, option);
+    EXPECT_EQ(option, 2);
+}
+
+TEST_F(DialogsDisplay, ATabChangesItsPageUnlessANumberIsBad) {
+    show(107);
+    const Box& tab = field(107, 1072).box;
+    const Point display = spot(107, 1072, 0, -tab.height / 2 + 10);
+    click(display);
+    const MessageRecord message = wait_for(TabChanged);
+    EXPECT_EQ(message.WIN, 107);
+    EXPECT_EQ(message.VALUE1, 1072);
+    EXPECT_EQ(message.VALUE2, 114);
+    click(spot(114, 1103, -20));
+    key("ctrl+a");
+    type("-1");
+    settle();
+    drain();
+    click(spot(107, 1072, -tab.width / 2 + 20, -tab.height / 2 + 10));
+    settle();
+    drain();
+    int page = 0;
+    wdialogselect(107);
+    wdialoggettab(1072, page);
+    EXPECT_EQ(page, 114);
+    EXPECT_TRUE(bInvalidField);
+}
+
+TEST_F(DialogsDisplay, AModalDialogReturnsItsButton) {
+    wdialogload(103);
+    XtAppAddTimeOut(
+        yydisplay.app, 100,
+        [](XtPointer, XtIntervalId*) {
+            window_titled("Box limits...");
+            key("Return");
+        },
+        nullptr);
+    wdialogshow(-1, -1, 0, DialogModal);
+    EXPECT_EQ(winfodialog(1), 1);
+    EXPECT_EQ(winfodialog(5), 103);
+    EXPECT_EQ(winfodialog(10), 0) << "hidden";
+}
+
+TEST_F(DialogsDisplay, ASemiModalDialogLocksTheOthersOut) {
+    show(105);
+    wdialogload(103);
+    wdialogshow(0, 0, 0, DialogSemiModal);
+    window_titled("Box limits...");
+    drain();
+    click(spot(105, 1037));
+    settle();
+    EXPECT_TRUE(drain().empty());
+    wdialogload(118);
+    wdialogshow();
+    EXPECT_EQ(infoerror(1), 1014);
+    EXPECT_EQ(winfodialog(10), DialogSemiModal);
+    wdialoghide();
+    wdialogselect(103);
+    wdialoghide();
+    click(spot(105, 1037));
+    EXPECT_EQ(wait_for(FieldChanged).VALUE2, 1037);
+}
+
+TEST_F(DialogsDisplay, TheMainDialogGrowsWithItsWindow) {
+    const Rectangle before = window_titled("Root");
+    const Box picture = field(101, 1001).box;
+    const Box information = field(101, 1006).box;
+    const Box radio = field(101, 1002).box;
+    resize_window("Root", before.width + 120, before.height + 90);
+    poll_until([&] { return field(101, 1001).box.width != picture.width; });
+    EXPECT_EQ(field(101, 1001).box,
+              (Box{picture.x, picture.y, picture.width + 120, picture.height + 90}));
+    EXPECT_EQ(field(101, 1006).box.y, information.y + 90);
+    EXPECT_EQ(field(101, 1006).box.width, information.width);
+    EXPECT_EQ(field(101, 1002).box, radio);
+}
+
+TEST_F(DialogsDisplay, ACommaLocaleChangesNothing) {
+    const TempDirectory folder;
+    if (!use_comma_locale(folder)) GTEST_SKIP() << "no comma locale, and no means to make one";
+    ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+    show(105);
+    wdialogputreal(1029, 5.4309f, "(f8.4)");
+    EXPECT_EQ(text_of(105, 1029), "5.4309");
+    key("ctrl+a");
+    type("6.25");
+    key("Tab");
+    wait_for(FieldChanged);
+    EXPECT_EQ(real_of(105, 1029), 6.25f);
+    key("shift+Tab");
+    key("ctrl+a");
+    type("6,5");
+    key("Tab");
+    poll_until([] { return bInvalidField; });
+    std::setlocale(LC_ALL, "C");
+}
+
+TEST_F(DialogsDisplay, AnUnloadedDialogCanBeLoadedAgainAsNew) {
+    show(107);
+    wdialogputmenu1(1069, std::vector<std::string>{"Fe1"}, 1);
+    wdialogunload();
+    EXPECT_EQ(yyDGslot(107), -1);
+    EXPECT_EQ(yyDGslot(114), -1) << "its pages go with it";
+    show(107);
+    int option = 7;
+    wdialoggetmenu1(1069, option);
+    EXPECT_EQ(option, 0);
+    windowclose();
+}
+
+// Without the fixture: the resources are read at the start.
+TEST(DialogsDisplayFonts, ServerFontsShowTheAnglesInLatinLetters) {
+    const TempDirectory folder;
+    ::setenv("XENVIRONMENT",
+             folder.file("resources", "Tess*dialogFont: fixed\nTess*symbolFont: fixed\n").c_str(),
+             1);
+    winitialise();
+    wdialogload(105);
+    std::string text;
+    wdialoggetstring(1038, text);
+    EXPECT_EQ(text, "ga:");
+    EXPECT_EQ(wFonts.dialog.measures.smallest_width, wFonts.dialog.measures.largest_width)
+        << "the user's font is taken";
+}
