@@ -101,10 +101,16 @@ bool within(Widget widget, Widget ancestor) {
 
 bool known(const WindowOwner& owner) { return owner.window >= 0 || owner.dialog.slot >= 0; }
 
-/// A common dialog's widget is inside a shell of its own, whose parent is one of ours.
+Widget shell_of(Widget widget) {
+    while (widget && !XtIsShell(widget)) widget = XtParent(widget);
+    return widget;
+}
+
+/// What belongs to the top entry is all inside its shell: the window manager's requests come to
+/// the shell itself, and lists that pop up are its children.
 bool passes_modal(Window window, const WindowOwner& owner) {
     return !known(owner) ||
-           within(XtWindowToWidget(yydisplay.display, window), state.modal.back().widget);
+           within(XtWindowToWidget(yydisplay.display, window), shell_of(state.modal.back().widget));
 }
 
 bool passes_semi_modal(const WindowOwner& owner) {

@@ -3,11 +3,14 @@
 
 #include "tests/support/display_input.hpp"
 #include "toolkit/modal.hpp"
+#include "toolkit/start.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/timers.hpp"
 
 #include <algorithm>
 #include <chrono>
+
+#include <GL/gl.h>
 
 using namespace tesserakit;
 using namespace display_input;
@@ -219,4 +222,59 @@ TEST(MessagesDisplay, WaitingKeepsInputForTheNextPoll) {
     ioswait(50);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(50));
     EXPECT_EQ(types_of(drain()), (std::vector<int>{MouseButDown, ExposeMessage}));
+}
+
+namespace {
+
+/// What a user does while a modal dialog is up, a step a tick, as the program is in its loop.
+struct ModalVisit {
+    Rectangle root;
+    int step = 0;
+    int ticks = 0;
+    bool repaired = false;
+
+    Point place() const { return {root.x + root.width - 40, root.y + root.height - 80}; }
+};
+
+constexpr unsigned drawn_red = 0xff0000;
+
+void visit(XtPointer closure, XtIntervalId*) {
+    ModalVisit& state = *static_cast<ModalVisit*>(closure);
+    const Point at = state.place();
+    if (state.step == 0 && is_shown("Box limits...")) {
+        click(at);
+        cover_and_uncover({at.x - 10, at.y - 10, 20, 20});
+        state.step = 1;
+    } else if (state.step == 1) {
+        state.repaired = pixel(at) == drawn_red;
+        if (state.repaired || ++state.ticks > 100) {
+            // The click has taken the keyboard to the root window.
+            close_window("Box limits...");
+            return;
+        }
+    }
+    XtAppAddTimeOut(yydisplay.app, 10, visit, closure);
+}
+
+}  // namespace
+
+TEST(ModalDisplay, WhatIsCoveredIsRepairedAndWhatIsClickedIsNot) {
+    windowopen2({.dialog = 101, .title = "Root"});
+    ModalVisit state{.root = window_titled("Root")};
+    wglselect(3, 1001, 2);
+    drain();
+    glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+    wglswapbuffers();
+    drain();
+    ASSERT_EQ(pixel(state.place()), drawn_red);
+    wdialogload(103);
+    XtAppAddTimeOut(yydisplay.app, 10, visit, &state);
+    wdialogshow(0, 0, 0, 1);
+    EXPECT_TRUE(state.repaired) << "the application isn't running and can't draw";
+    EXPECT_EQ(winfodialog(1), 2);
+    for (const Received& one : drain()) EXPECT_NE(one.type, MouseButDown);
+    EXPECT_EQ(nModalWindows, 0);
+    click(state.place());
+    EXPECT_EQ(wait_for(MouseButDown).WIN, 101);
 }
