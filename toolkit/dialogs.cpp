@@ -185,6 +185,19 @@ bool hideable(const DialogRecord& dialog, const char* routine) {
     return true;
 }
 
+/// A window that was clicked while a dialog locked it out has the focus of the display, but its
+/// widgets haven't heard of it: the news was held back as all input is. This repeats it.
+void repeat_focus(const DialogRecord& leaving) {
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    const Widget widget =
+        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+    if (!widget || dialog_around(widget) == &leaving) return;
+    XSetInputFocus(yydisplay.display, PointerRoot, RevertToPointerRoot, CurrentTime);
+    XSetInputFocus(yydisplay.display, focus, revert, CurrentTime);
+}
+
 /// Position on the screen of the dialog's upper left corner.
 void screen_position(const DialogRecord& dialog, int& x, int& y) {
     x = 0;
@@ -257,10 +270,12 @@ int load_page(FieldRecord& tab, int identifier) {
 void hide_dialog_record(DialogRecord& dialog) {
     if (!dialog.shown()) return;
     revert_typing(dialog);
+    const bool locked_out = dialog.show_mode != DialogModeless;
     if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
     // Before the widgets go: Motif moves the focus on while they do.
     dialog.show_mode = -1;
     if (dialog.widget) XtUnmanageChild(dialog.widget);
+    if (locked_out) repeat_focus(dialog);
     for (FieldRecord& field : dialog.fields)
         for (const TabPage& page : field.pages)
             if (page.slot >= 0) record_of(page.slot).show_mode = -1;

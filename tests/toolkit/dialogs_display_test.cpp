@@ -153,6 +153,21 @@ TEST_F(DialogsDisplay, FieldsOfOneDialogDoNotCoverEachOther) {
             }
 }
 
+TEST_F(DialogsDisplay, PicturesAreShrunkIntoTheirFieldsInProportion) {
+    wdialogload(108);
+    wdialogload(119);
+    for (const auto& [dialog, identifier] : {std::pair{108, 1054}, std::pair{119, 1199}}) {
+        const FieldRecord& picture = field(dialog, identifier);
+        int width = 0, height = 0, reserved = 0;
+        yyrcimagecheck(identifier, image_kind::bitmap, width, height, reserved, reserved);
+        ASSERT_GT(width, picture.box.width);
+        EXPECT_LE(picture.image.width, picture.box.width);
+        EXPECT_LE(picture.image.height, picture.box.height);
+        // One pixel of rounding in either extent.
+        EXPECT_NEAR(picture.image.width * height, picture.image.height * width, width + height);
+    }
+}
+
 TEST_F(DialogsDisplay, EveryKindOfFieldTakesAndGivesItsValue) {
     wdialogload(103);
     wdialogputreal(1015, 0.333333333f, "(f7.2)");
