@@ -10,7 +10,7 @@ namespace tesserakit {
 
 /// Binds the rendering context. `target` 0: none, `identifier` ignored; 1: the window of that
 /// slot; 2: the bitmap of that handle; 3: the picture field of that identifier in the selected
-/// dialog. `mode` bits choose the buffers: 2 asks for double buffering.
+/// dialog. `mode` bits: 1 asks for colour indices instead of RGBA, 2 for double buffering.
 /// All contexts share their display lists for as long as the display is open. On failure the
 /// toolkit's error is stored and nothing is bound.
 void wglselect(int target, int identifier, int mode);
