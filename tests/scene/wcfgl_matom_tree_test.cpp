@@ -170,8 +170,8 @@ TEST(PushMatom, TurnsMomentsAndPositionsOfAHexagonalCell) {
 }
 
 // k.T = 1/8. The centred position 1.2 is folded to 0.2, and that lattice vector's quarter of a turn
-// is left out, unlike that of an operator with the same translation: a known limit that users' files
-// are written around.
+// is left out, unlike that of an operator with the same translation: a known limit that users'
+// files are written around.
 TEST(PushMatom, CentringPointsTakeThePhaseOfTheirVectorButNotOfItsFold) {
     const float eighth = 2 * std::numbers::sqrt2_v<float> / 2;
     define_phase('I', {0, 0, 0.25f}, {"x,y,z"}, {"MSYM u,v,w,0.0"});

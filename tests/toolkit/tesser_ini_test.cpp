@@ -16,10 +16,9 @@ class TesserIni : public testing::Test {
 protected:
     void SetUp() override {
         for (const char* name : {"TESSROOT", "TKIDE", "TESSINIT", "TESSDEBUG"}) unsetenv(name);
-        folder_ =
-            std::filesystem::temp_directory_path() /
-            ("tesser_ini." + std::to_string(getpid()) + "." +
-             testing::UnitTest::GetInstance()->current_test_info()->name());
+        folder_ = std::filesystem::temp_directory_path() /
+                  ("tesser_ini." + std::to_string(getpid()) + "." +
+                   testing::UnitTest::GetInstance()->current_test_info()->name());
         std::filesystem::create_directories(folder_);
         former_ = std::filesystem::current_path();
         std::filesystem::current_path(folder_);
