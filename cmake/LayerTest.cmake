@@ -2,7 +2,7 @@
 #
 # One GoogleTest binary; CTest runs every case in a process of its own, so start-up state needs no
 # reset. With DISPLAY the cases run under a virtual X server with a window manager, one at a time
-# on that display, and carry the label `display`.
+# on that display, and carry the label `display` in place of the layer's.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
@@ -14,15 +14,17 @@ function(add_layer_test name)
   target_compile_definitions(${name} PRIVATE
     GEMWRIGHT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
     GEMWRIGHT_EXAMPLES="${PROJECT_SOURCE_DIR}/data/examples")
-  set(labels ${arg_LAYER})
+  # One label: a list of them would not survive the way through gtest_discover_tests, and would take
+  # the properties behind it along.
+  set(label ${arg_LAYER})
   set(properties TIMEOUT 120
       ENVIRONMENT "LSAN_OPTIONS=suppressions=${GEMWRIGHT_LSAN_SUPPRESSIONS}:print_suppressions=0")
   if(arg_DISPLAY)
-    list(APPEND labels display)
+    set(label display)
     list(APPEND properties RESOURCE_LOCK ${name}_display)
     set_target_properties(${name} PROPERTIES
       CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/tests/support/with_display")
   endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST
-                       PROPERTIES LABELS "${labels}" ${properties})
+                       PROPERTIES LABELS ${label} ${properties})
 endfunction()
