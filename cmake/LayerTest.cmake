@@ -1,8 +1,8 @@
 # add_layer_test(NAME LAYER layer SOURCES file... [LIBRARIES target...] [DISPLAY])
 #
 # One GoogleTest binary; CTest runs every case in a process of its own, so start-up state needs no
-# reset. With DISPLAY the cases run under a virtual X server with a window manager, one at a time
-# on that display, and carry the label `display` in place of the layer's.
+# reset. With DISPLAY each case runs under a virtual X server and a window manager of its own, so
+# that they may run side by side, and they carry the label `display` in place of the layer's.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
@@ -21,7 +21,6 @@ function(add_layer_test name)
       ENVIRONMENT "LSAN_OPTIONS=suppressions=${GEMWRIGHT_LSAN_SUPPRESSIONS}:print_suppressions=0")
   if(arg_DISPLAY)
     set(label display)
-    list(APPEND properties RESOURCE_LOCK ${name}_display)
     set_target_properties(${name} PROPERTIES
       CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/tests/support/with_display")
   endif()
