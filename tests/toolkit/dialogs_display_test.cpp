@@ -7,6 +7,9 @@
 #include "toolkit/errors.hpp"
 #include "toolkit/start.hpp"
 #include "toolkit/tesserakit.hpp"
+#include "toolkit/widgets/combo.hpp"
+
+#include <Xm/List.h>
 
 #include <clocale>
 #include <cstdlib>
@@ -464,6 +467,31 @@ TEST_F(DialogsDisplay, ListsAndCombosTellOfTheirSelection) {
     wdialogselect(110);
     wdialoggetmenu1(1110, option);
     EXPECT_EQ(option, 2);
+}
+
+TEST_F(DialogsDisplay, AComboOpensItsListAndTakesTheChoice) {
+    wdialogload(110);
+    wdialogputoption1(1110, 1);
+    show(110);
+    const FieldRecord& combo = field(110, 1110);
+    click(spot(110, 1110, combo.box.width / 2 - 8,
+               (closed_combo_height(combo) - combo.box.height) / 2));
+    const Widget list = combo_list(combo.widget);
+    poll_until([list] {
+        XWindowAttributes attributes{};
+        return XGetWindowAttributes(yydisplay.display, XtWindow(list), &attributes) &&
+               attributes.map_state == IsViewable;
+    });
+    Position x = 0, y = 0, left = 0, top = 0;
+    Dimension width = 0, height = 0;
+    ASSERT_TRUE(XmListPosToBounds(list, 4, &x, &y, &width, &height));
+    XtTranslateCoords(list, x, y, &left, &top);
+    click({left + 10, top + height / 2});
+    expect_move(110, 1110, 1110);
+    std::string text;
+    wdialogselect(110);
+    wdialoggetmenu2(1110, text);
+    EXPECT_EQ(text, "C");
 }
 
 TEST_F(DialogsDisplay, ATabChangesItsPageUnlessANumberIsBad) {

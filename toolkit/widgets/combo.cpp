@@ -1,9 +1,12 @@
 #include "toolkit/widgets/combo_p.hpp"
 
+#include "toolkit/start.hpp"
+
 #include <Xm/List.h>
 #include <Xm/TextF.h>
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace tesserakit {
@@ -11,15 +14,52 @@ namespace {
 
 ComboRec& record(Widget widget) { return *reinterpret_cast<ComboRec*>(widget); }
 
+/// Motif's arrow is a sliver of shadows at this size: ours is drawn over it.
+void redisplay(Widget widget, XEvent* event, Region region) {
+    xmComboBoxWidgetClass->core_class.expose(widget, event, region);
+    const ComboRec& self = record(widget);
+    const XRectangle& box = self.combo_box.hit_rect;
+    XFillRectangle(display_of(widget), window_of(widget), self.manager.background_GC, box.x, box.y,
+                   box.width, box.height);
+    draw_shadows(widget, self.manager.top_shadow_GC, self.manager.bottom_shadow_GC, box.x, box.y,
+                 box.width, box.height, 1, XmSHADOW_OUT);
+    const int x = box.x + box.width / 2;
+    const int y = box.y + box.height / 2;
+    std::array<XPoint, 3> corners{{{static_cast<short>(x - 4), static_cast<short>(y - 2)},
+                                   {static_cast<short>(x + 4), static_cast<short>(y - 2)},
+                                   {static_cast<short>(x), static_cast<short>(y + 2)}}};
+    const ComboPart& part = self.combo;
+    XFillPolygon(display_of(widget), window_of(widget),
+                 XtIsSensitive(widget) ? part.ink : part.grey, corners.data(),
+                 static_cast<int>(corners.size()), Convex, CoordModeOrigin);
+}
+
+void initialize(Widget, Widget created, ArgList, Cardinal*) {
+    ComboPart& part = record(created).combo;
+    XGCValues values{};
+    values.foreground = record(created).manager.foreground;
+    part.ink = XtGetGC(created, GCForeground, &values);
+    values.foreground = wSchemeCol.disabled;
+    part.grey = XtGetGC(created, GCForeground, &values);
+}
+
+void destroy(Widget widget) {
+    XtReleaseGC(widget, record(widget).combo.ink);
+    XtReleaseGC(widget, record(widget).combo.grey);
+}
+
 ComboClassRec class_record() {
-    return {
-        .core_class = core_part(
-            {.superclass = xmComboBoxWidgetClass, .name = "TessCombo", .size = sizeof(ComboRec)}),
-        .composite_class = composite_part(XtInheritGeometryManager, XtInheritChangeManaged),
-        .constraint_class = constraint_part(),
-        .manager_class = manager_part(),
-        .combo_box_class = {.extension = nullptr},
-        .combo_class = {.extension = nullptr}};
+    return {.core_class = core_part({.superclass = xmComboBoxWidgetClass,
+                                     .name = "TessCombo",
+                                     .size = sizeof(ComboRec),
+                                     .initialize = initialize,
+                                     .destroy = destroy,
+                                     .redisplay = redisplay}),
+            .composite_class = composite_part(XtInheritGeometryManager, XtInheritChangeManaged),
+            .constraint_class = constraint_part(),
+            .manager_class = manager_part(),
+            .combo_box_class = {.extension = nullptr},
+            .combo_class = {.extension = nullptr}};
 }
 
 ComboClassRec combo_class_record = class_record();

@@ -8,7 +8,8 @@
 namespace tesserakit {
 
 struct ComboPart {
-    XtPointer unused;
+    GC ink;  ///< of the arrow
+    GC grey;
 };
 
 struct ComboRec {
