@@ -16,56 +16,63 @@ constexpr std::array<Vector3i, 1> centring_i{{{6, 6, 6}}};
 constexpr std::array<Vector3i, 2> centring_r{{{8, 4, 4}, {4, 8, 8}}};
 constexpr std::array<Vector3i, 3> centring_f{{{0, 6, 6}, {6, 0, 6}, {6, 6, 0}}};
 
-// Coefficients up to this keep three products below 2^20, a packed column, and determinants in 32
-// bits. No crystallographic group comes near.
-constexpr int largest_coefficient = 500;
+// Coefficients up to this keep sums of three products inside a column of 16 bits. No
+// crystallographic group comes near.
+constexpr int largest_coefficient = 100;
 
-/// Modulo 12 for sums of three products, far above -12 x 4096.
+/// Modulo 12 for sums of three products of a coefficient and a translation.
 constexpr int folded(int t) { return static_cast<int>(static_cast<unsigned>(t + 12 * 4096) % 12u); }
 
 constexpr Vector3i folded_products(const Vector3i& t) {
     return {folded(t[0]), folded(t[1]), folded(t[2])};
 }
 
-constexpr std::int64_t packed_row(const Vector3i& row) {
-    return row[0] + row[1] * (std::int64_t{1} << 21) + row[2] * (std::int64_t{1} << 42);
+// A row of an operator as one number: column j times 2^(16 j), the translation times 2^48. Rows of
+// this kind add and scale whole; as long as every column stays within 15 bits and a sign, the lower
+// 48 bits are the same for the same rotation only.
+using PackedRows = std::array<std::int64_t, 3>;
+constexpr std::int64_t column_unit = std::int64_t{1} << 16;
+constexpr std::int64_t translation_unit = std::int64_t{1} << 48;
+constexpr std::int64_t rotation_bits = translation_unit - 1;
+
+constexpr std::int64_t packed_row(const Vector3i& row, int tr) {
+    return row[0] + row[1] * column_unit + row[2] * column_unit * column_unit +
+           tr * translation_unit;
 }
 
-/// The column at the right end, and the number without it moved down by one column.
-constexpr int take_column(std::int64_t& packed) {
-    constexpr std::int64_t base = std::int64_t{1} << 21;
-    const std::int64_t low = ((packed + base / 2) & (base - 1)) - base / 2;
-    packed = (packed - low) >> 21;
-    return static_cast<int>(low);
+// Raises each column to above zero, so that it borrows nothing from the next.
+constexpr std::int64_t all_raised = packed_row({1 << 15, 1 << 15, 1 << 15}, 0);
+
+constexpr int translation_of(std::int64_t row) {
+    return static_cast<int>((row + all_raised) >> 48);
 }
 
-constexpr int dot(const Vector3i& a, const Vector3i& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+constexpr Vector3i columns_of(std::int64_t row) {
+    const std::int64_t raised = row + all_raised;
+    const auto column = [&](int j) {
+        return static_cast<int>((raised >> (16 * j)) & (column_unit - 1)) - (1 << 15);
+    };
+    return {column(0), column(1), column(2)};
 }
 
 constexpr bool in_bounds(const Matrix3i& rot) {
+    constexpr auto largest = static_cast<unsigned>(largest_coefficient);
+    bool inside = true;
     for (const Vector3i& row : rot.row)
-        for (const int c : row)
-            if (c < -largest_coefficient || c > largest_coefficient) return false;
-    return true;
-}
-
-constexpr Matrix3i unpacked(std::array<std::int64_t, 3> rows) {
-    Matrix3i rot;
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j < 3; ++j) rot[i][j] = take_column(rows[i]);
-    return rot;
-}
-
-using PackedRows = std::array<std::int64_t, 3>;
-
-constexpr PackedRows packed(const Matrix3i& rot) {
-    return {packed_row(rot[0]), packed_row(rot[1]), packed_row(rot[2])};
+        for (const int c : row) inside &= static_cast<unsigned>(c) + largest <= 2 * largest;
+    return inside;
 }
 
 constexpr bool same(const PackedRows& a, const PackedRows& b) {
     return ((a[0] ^ b[0]) | (a[1] ^ b[1]) | (a[2] ^ b[2])) == 0;
 }
+
+// Component by component: std::array compares by a call of memcmp.
+constexpr bool same(const Vector3i& a, const Vector3i& b) {
+    return ((a[0] ^ b[0]) | (a[1] ^ b[1]) | (a[2] ^ b[2])) == 0;
+}
+
+constexpr bool is_zero(const Vector3i& tr) { return (tr[0] | tr[1] | tr[2]) == 0; }
 
 /// The first slot to look at.
 constexpr std::size_t slot_of(const PackedRows& rows) {
@@ -118,35 +125,57 @@ std::span<const Vector3i> centring_twelfths(int lattice_index) {
 }
 
 GroupTable::GroupTable(std::span<const Vector3i> centring) : centring_(centring) {
-    append({packed(identity_rotation), {}}, {});
+    append(packed(identity_rotation, {}), {});
 }
 
-GroupTable::Operator GroupTable::product(const Entry& a, const Operator& b) {
+GroupTable::Operator GroupTable::packed(const Matrix3i& rot, const Vector3i& tr) {
+    Operator one;
+    for (std::size_t i = 0; i < 3; ++i) one.rotation[i] = packed_row(rot[i], 0) & rotation_bits;
+    one.tr = tr;
+    return one;
+}
+
+/// With coefficients to multiply with from the left, and rows to be multiplied.
+GroupTable::Entry GroupTable::unpacked(const Operator& one) {
+    Entry entry;
+    entry.rotation = one.rotation;
+    entry.tr = one.tr;
+    for (std::size_t i = 0; i < 3; ++i) {
+        entry.rot[i] = columns_of(one.rotation[i]);
+        entry.rows[i] = packed_row(entry.rot[i], one.tr[i]);
+    }
+    return entry;
+}
+
+GroupTable::Operator GroupTable::product(const Entry& a, const Entry& b) {
     Operator result;
     for (std::size_t i = 0; i < 3; ++i) {
-        result.rows[i] =
+        const std::int64_t row =
             a.rot[i][0] * b.rows[0] + a.rot[i][1] * b.rows[1] + a.rot[i][2] * b.rows[2];
-        result.tr[i] = folded(dot(a.rot[i], b.tr) + a.tr[i]);
+        result.rotation[i] = row & rotation_bits;
+        result.tr[i] = folded(translation_of(row) + a.tr[i]);
     }
     return result;
 }
 
 template <class Found>
-bool GroupTable::any_with_rotation(const PackedRows& rows, Found found) const {
-    for (std::size_t slot = slot_of(rows); slots_[slot] != 0; slot = (slot + 1) % slots_.size()) {
+bool GroupTable::any_with_rotation(const PackedRows& rotation, Found found) const {
+    for (std::size_t slot = slot_of(rotation); slots_[slot] != 0;
+         slot = (slot + 1) % slots_.size()) {
         const Entry& known = entries_[slots_[slot] - 1u];
-        if (same(known.rows, rows) && found(known)) return true;
+        if (same(known.rotation, rotation) && found(known)) return true;
     }
     return false;
 }
 
 bool GroupTable::is_lattice_vector(const Vector3i& tr) const {
-    return tr == Vector3i{} || std::ranges::find(centring_, tr) != centring_.end();
+    return is_zero(tr) ||
+           std::ranges::any_of(centring_, [&](const Vector3i& v) { return same(v, tr); });
 }
 
 bool GroupTable::has(const Operator& one) const {
-    return any_with_rotation(one.rows, [&](const Entry& known) {
-        return known.tr == one.tr || is_lattice_vector(folded_products(one.tr - known.tr)) ||
+    return any_with_rotation(one.rotation, [&](const Entry& known) {
+        return same(known.tr, one.tr) || is_lattice_vector(folded_products(one.tr - known.tr)) ||
                is_lattice_vector(folded_products(one.tr + known.tr));
     });
 }
@@ -160,13 +189,13 @@ Vector3i GroupTable::reduced(const Vector3i& tr) const {
 
 /// False, with this error, when the table is full or the coefficients outgrow it.
 bool GroupTable::append(const Operator& one, std::string_view message) {
-    const Matrix3i rot = unpacked(one.rows);
-    if (size_ == entries_.size() || !in_bounds(rot)) {
+    const Entry entry = unpacked(one);
+    if (size_ == entries_.size() || !in_bounds(entry.rot)) {
         set_err_symm(message);
         return false;
     }
-    entries_[size_++] = {rot, one.tr, one.rows};
-    std::size_t slot = slot_of(one.rows);
+    entries_[size_++] = entry;
+    std::size_t slot = slot_of(one.rotation);
     while (slots_[slot] != 0) slot = (slot + 1) % slots_.size();
     slots_[slot] = static_cast<unsigned char>(size_);
     return true;
@@ -178,7 +207,7 @@ bool GroupTable::add(const Matrix3i& rot, const Vector3i& tr) {
         set_err_symm(" Error in generators");
         return false;
     }
-    const Operator one{packed(rot), folded_twelfths(tr)};
+    const Operator one = packed(rot, folded_twelfths(tr));
     return has(one) || append(one, " Dimension of Table exceeded (I)");
 }
 
@@ -187,29 +216,49 @@ bool GroupTable::add_powers(std::size_t k) {
     const int kind = axes_rotation(generator.rot);
     // -1 and -3 have powers up to twice their number.
     const int order = kind == -1 || kind == -3 ? -2 * kind : std::abs(kind);
-    Operator power{generator.rows, generator.tr};
+    Entry power = generator;
     for (int n = 2; n < order; ++n) {
-        power = product(generator, power);
-        if (any_with_rotation(power.rows, [](const Entry&) { return true; })) continue;
-        const Operator one{power.rows, reduced(power.tr)};
+        Operator one = product(generator, power);
+        power = unpacked(one);
+        if (any_with_rotation(one.rotation, [](const Entry&) { return true; })) continue;
+        one.tr = reduced(one.tr);
         // A power without a translation is left to the products, unless it leaves the bounds.
-        if (one.tr == Vector3i{} && in_bounds(unpacked(one.rows))) continue;
+        if (is_zero(one.tr) && in_bounds(power.rot)) continue;
         if (!append(one, " Dimension of Table exceeded (I)")) return false;
     }
     return true;
 }
 
+bool GroupTable::holds(const Operator& one) const {
+    return any_with_rotation(one.rotation, [&](const Entry& known) {
+        return is_lattice_vector(folded_products(one.tr - known.tr));
+    });
+}
+
+bool GroupTable::is_closed(std::size_t generators, Progress& held) const {
+    for (std::size_t g = 1; g <= generators; ++g)
+        for (; held[g] < size_; ++held[g])
+            if (!holds(product(entries_[g], entries_[held[g]]))) return false;
+    return true;
+}
+
 bool GroupTable::close() {
+    const std::size_t generators = size_ - 1;
     for (std::size_t k = 1; k < size_; ++k)
         if (!add_powers(k)) return false;
     // tried[i]: the entries with which entry i has been multiplied; a pair tried before would be
     // found in the table again.
-    std::array<std::size_t, max_reduced> tried{};
+    Progress tried{};
+    // held[g]: the entries whose product with generator g is known to be in the table. When that is
+    // all of them for every generator, the table is the group, and no further product is new.
+    Progress held{};
     for (std::size_t before = 0; before != size_;) {
         before = size_;
         for (std::size_t i = 1; i < size_; ++i) {
+            // For small tables the few products left are less work.
+            if (size_ >= 12 && is_closed(generators, held)) return true;
             for (std::size_t j = std::max(i, tried[i]); j < size_; ++j) {
-                const Operator one = product(i, j);
+                const Operator one = product(entries_[i], entries_[j]);
                 if (!has(one) && !append(one, " Dimension of Table exceeded (II)")) return false;
             }
             tried[i] = size_;
@@ -220,8 +269,10 @@ bool GroupTable::close() {
 
 void GroupTable::copy_to(ReducedList& list, std::size_t count) const {
     list.count = static_cast<int>(count);
-    for (std::size_t i = 0; i < count; ++i)
-        list.ops[i] = {entries_[i].rot, cell_fractions(entries_[i].tr)};
+    for (std::size_t i = 0; i < count; ++i) {
+        list.ops[i].rot = entries_[i].rot;
+        list.ops[i].tr = cell_fractions(entries_[i].tr);
+    }
 }
 
 }  // namespace crystallographic_symmetry

@@ -34,7 +34,7 @@ public:
     explicit GroupTable(std::span<const Vector3i> centring);
 
     /// Adds a generator unless it is there. False, with err_symm set, when the table is full or
-    /// the coefficients are beyond 500.
+    /// the coefficients are beyond 100.
     bool add(const Matrix3i& rot, const Vector3i& tr);
 
     /// Adds the powers of the generators, then products until none is new. False, with err_symm
@@ -49,27 +49,30 @@ public:
     void copy_to(ReducedList& list, std::size_t count) const;
 
 private:
-    /// Each row of a rotation as one number, column j times 2^(21 j): rows add and scale whole.
     using PackedRows = std::array<std::int64_t, 3>;
     struct Operator {
-        PackedRows rows;
+        PackedRows rotation;  ///< the rotation alone, to be compared
         Vector3i tr;
     };
-    struct Entry {
+    struct Entry : Operator {
         Matrix3i rot;
-        Vector3i tr;
-        PackedRows rows;
+        PackedRows rows;  ///< rotation and translation
     };
 
-    static Operator product(const Entry& a, const Operator& b);
-    Operator product(std::size_t i, std::size_t j) const {
-        return product(entries_[i], {entries_[j].rows, entries_[j].tr});
-    }
+    static Operator packed(const Matrix3i& rot, const Vector3i& tr);
+    static Entry unpacked(const Operator& one);
+    static Operator product(const Entry& a, const Entry& b);
     /// Calls `found` with each entry of this rotation until it returns true, and says whether it
     /// did.
     template <class Found>
-    bool any_with_rotation(const PackedRows& rows, Found found) const;
+    bool any_with_rotation(const PackedRows& rotation, Found found) const;
     bool has(const Operator& one) const;
+    /// Whether it differs from an entry by a vector of the lattice.
+    bool holds(const Operator& one) const;
+    using Progress = std::array<std::size_t, max_reduced>;
+    /// Whether the products of the first `generators` entries with all entries are in the table;
+    /// goes on where `held` stands for each.
+    bool is_closed(std::size_t generators, Progress& held) const;
     bool is_lattice_vector(const Vector3i& tr) const;
     Vector3i reduced(const Vector3i& tr) const;
     bool append(const Operator& one, std::string_view message);

@@ -146,8 +146,8 @@ bool read_rows(std::size_t begin, std::string_view blank_message, ReadRow&& read
 // ---------------------------------------------------------------- printing
 
 /// A short text of a size known to the compiler: it is copied whole and then counts in part.
-struct Piece {
-    std::array<char, 12> text{};
+struct alignas(16) Piece {
+    std::array<char, 14> text{};
     unsigned char length = 0;
     bool one_digit = false;  ///< of a fraction: numerator and denominator below 10
 
@@ -161,8 +161,9 @@ struct Piece {
 /// The fractions n/24 below 1 in lowest terms. They are what the search through numerators and
 /// then denominators finds first, since two fractions of its range that differ are further apart
 /// than its tolerance.
-constexpr std::array<Piece, 24> fractions = [] {
-    std::array<Piece, 24> all{};
+/// Entries 0 and 24 are blank.
+constexpr std::array<Piece, 25> fractions = [] {
+    std::array<Piece, 25> all{};
     for (int n = 1; n < 24; ++n) {
         const int divisor = std::gcd(n, 24);
         Piece& fraction = all[static_cast<std::size_t>(n)];
@@ -176,12 +177,12 @@ constexpr std::array<Piece, 24> fractions = [] {
 }();
 
 /// The entry of `fractions` for v, well within the tolerance of the general search; or null.
-const Piece* known_fraction(float v) {
+inline const Piece* known_fraction(float v) {
     if (!(v > 0.0f && v < 1.0f)) return nullptr;
     const int n = static_cast<int>(v * 24.0f + 0.5f);
-    if (n < 1 || n > 23) return nullptr;
-    if (std::abs(v - static_cast<float>(n) / 24.0f) > 5e-6f) return nullptr;
-    return &fractions[static_cast<std::size_t>(n)];
+    if (std::abs(v - static_cast<float>(n) * (1.0f / 24.0f)) > 5e-6f) return nullptr;
+    const Piece& fraction = fractions[static_cast<std::size_t>(n)];
+    return fraction.length != 0 ? &fraction : nullptr;
 }
 
 constexpr char letter(std::size_t column) {
@@ -207,139 +208,150 @@ constexpr std::array<Piece, 125> short_rows = [] {
     return all;
 }();
 
-template <class Number>
-bool within(const Vector3<Number>& row, int largest) {
-    const auto limit = static_cast<Number>(largest);
-    return row[0] >= -limit && row[0] <= limit && row[1] >= -limit && row[1] <= limit &&
-           row[2] >= -limit && row[2] <= limit;
+/// The entry of `short_rows`, or null when a coefficient is above `largest`, 1 or 2.
+inline const Piece* short_row(const Vector3i& row, int largest) {
+    const auto limit = static_cast<unsigned>(2 * largest);
+    const auto within = [&](int c) { return static_cast<unsigned>(c + largest) <= limit; };
+    if (!within(row[0]) || !within(row[1]) || !within(row[2])) return nullptr;
+    return &short_rows[static_cast<std::size_t>(25 * row[0] + 5 * row[1] + row[2] + 62)];
 }
 
-const Piece& short_row(const Vector3i& row) {
-    return short_rows[static_cast<std::size_t>(25 * row[0] + 5 * row[1] + row[2] + 62)];
+const Piece* short_row(const Vector3f& row) {
+    Vector3i whole;
+    for (std::size_t j = 0; j < 3; ++j) {
+        if (!(row[j] >= -2.0f && row[j] <= 2.0f)) return nullptr;
+        whole[j] = static_cast<int>(row[j]);
+        if (static_cast<float>(whole[j]) != row[j]) return nullptr;
+    }
+    return short_row(whole, 2);
 }
 
-/// A triplet in the making; room for the longest three rows of either form.
-class Line {
-public:
-    void put(char c) { text_[length_++] = c; }
-    void put(std::string_view more) {
-        for (const char c : more)
-            if (c != ' ') put(c);
-    }
-    /// Without the characters before `from`.
-    void put(const Piece& piece, std::size_t from = 0) {
-        std::memcpy(text_.data() + length_, piece.text.data() + from, piece.text.size() - 1);
-        length_ += piece.length - from;
-    }
-    void copy_to(std::span<char> field) const {
-        const std::size_t n = std::min(length_, field.size());
-        std::copy_n(text_.begin(), n, field.begin());
-        std::ranges::fill(field.subspan(n), ' ');
-    }
+// The writers below put text at `out` and return the place behind it. Three rows take 60
+// characters at most; a piece copies up to 16 beyond its end, and blanks behind take 40.
+constexpr std::size_t line_size = 112;
+constexpr std::size_t usual_width = 40;
 
-private:
-    std::array<char, 96> text_;  // three rows of 20 at most, and what a piece copies beyond
-    std::size_t length_ = 0;
-};
+char* put(char* out, std::string_view text) {
+    for (const char c : text)
+        if (c != ' ') *out++ = c;
+    return out;
+}
+
+char* put(char* out, const Piece& piece) {
+    std::memcpy(out, &piece, sizeof piece);
+    return out + piece.length;
+}
+
+/// Without the sign in front.
+char* put_unsigned(char* out, const Piece& piece) {
+    std::memcpy(out, piece.text.data() + 1, piece.text.size() - 1);
+    return out + piece.length - 1;
+}
 
 /// What get_symsymbi prints for coefficients beyond 1: an integer in two columns, left-justified,
 /// asterisks when it has no room there, and no sign in front of a positive one.
-void put_long_row(Line& line, const Vector3i& row) {
+[[gnu::noinline]] char* put_long_row(char* out, const Vector3i& row) {
     bool first = true;
     for (std::size_t j = 0; j < 3; ++j) {
         if (row[j] == 0) continue;
         if (row[j] == -1)
-            line.put('-');
+            *out++ = '-';
         else if (row[j] != 1)
-            line.put(number_field::integer(row[j], 2));
+            out = put(out, number_field::integer(row[j], 2));
         else if (!first)
-            line.put('+');
-        line.put(letter(j));
+            *out++ = '+';
+        *out++ = letter(j);
         first = false;
     }
-}
-
-/// A translation behind its row, or `alone`, without a plus.
-void put_fraction(Line& line, std::string_view fraction, bool alone) {
-    line.put(fraction.substr(alone && fraction.starts_with('+') ? 1 : 0));
-}
-
-void put_row(Line& line, const Vector3i& row, float tr) {
-    if (within(row, 1))
-        line.put(short_row(row));
-    else
-        put_long_row(line, row);
-    if (std::abs(tr) <= eps_symm) return;
-    const bool alone = row == Vector3i{};
-    if (const Piece* fraction = known_fraction(tr))
-        line.put(*fraction, alone ? 1 : 0);
-    else
-        put_fraction(line, string_utilities::get_fraction_2dig(tr).trimmed(), alone);
+    return out;
 }
 
 /// "x", "-2y", "+x/2", "+3z/4": a coefficient and its letter.
-void put_term(Line& line, float coefficient, char name, bool first) {
+char* put_term(char* out, float coefficient, char name, bool first) {
     if (std::abs(std::abs(coefficient) - 1.0f) <= eps_symm) {
         if (coefficient < 0.0f)
-            line.put('-');
+            *out++ = '-';
         else if (!first)
-            line.put('+');
-        line.put(name);
-        return;
+            *out++ = '+';
+        *out++ = name;
+        return out;
     }
     const FixedText<4> fraction = string_utilities::get_fraction_1dig(coefficient);
     std::string_view text = fraction.trimmed();
     if (first && text.starts_with('+')) text.remove_prefix(1);
     const std::size_t slash = std::min(text.find('/'), text.size());
-    const std::string_view rest = text.substr(slash);
     std::string_view number = text.substr(0, slash);
-    if (!rest.empty() && (number == "1" || number == "+1" || number == "-1"))
+    if (slash < text.size() && (number == "1" || number == "+1" || number == "-1"))
         number.remove_suffix(1);
-    line.put(number);
-    line.put(name);
-    line.put(rest);
+    out = put(out, number);
+    *out++ = name;
+    return put(out, text.substr(slash));
 }
 
-void put_long_row(Line& line, const Vector3f& row) {
+[[gnu::noinline]] char* put_long_row(char* out, const Vector3f& row) {
     bool first = true;
     for (std::size_t j = 0; j < 3; ++j) {
         if (row[j] == 0.0f) continue;
-        put_term(line, row[j], letter(j), first);
+        out = put_term(out, row[j], letter(j), first);
         first = false;
     }
+    return out;
 }
 
-void put_row(Line& line, const Vector3f& row, float tr) {
-    const bool small = within(row, 2);
-    const Vector3i whole = small ? Vector3i{static_cast<int>(row[0]), static_cast<int>(row[1]),
-                                            static_cast<int>(row[2])}
-                                 : Vector3i{};
-    if (small && row[0] == static_cast<float>(whole[0]) && row[1] == static_cast<float>(whole[1]) &&
-        row[2] == static_cast<float>(whole[2]))
-        line.put(short_row(whole));
-    else
-        put_long_row(line, row);
-    const bool blank = row[0] == 0.0f && row[1] == 0.0f && row[2] == 0.0f;
-    if (!blank && std::abs(tr) <= eps_symm) return;
+/// A translation that stands alone, without a plus, or that isn't in `fractions`. Rare, and kept
+/// out of the short way through put_row.
+template <class GeneralFraction>
+[[gnu::noinline]] char* put_translation(char* out, const Piece* fraction, GeneralFraction general,
+                                        float tr, bool alone) {
+    if (fraction) return put_unsigned(out, *fraction);
+    const auto text = general(tr);
+    return put(out, text.trimmed().substr(alone && text[0] == '+' ? 1 : 0));
+}
+
+char* put_row(char* out, const Vector3i& row, float tr) {
+    const Piece* letters = short_row(row, 1);
+    char* const begin = out;
+    out = letters ? put(out, *letters) : put_long_row(out, row);
+    if (std::abs(tr) <= eps_symm) return out;
+    const Piece* fraction = known_fraction(tr);
+    if (fraction && out != begin) return put(out, *fraction);
+    return put_translation(out, fraction, string_utilities::get_fraction_2dig, tr, out == begin);
+}
+
+char* put_row(char* out, const Vector3f& row, float tr) {
+    const Piece* letters = short_row(row);
+    char* const begin = out;
+    out = letters ? put(out, *letters) : put_long_row(out, row);
+    const bool blank = out == begin;
+    if (!blank && std::abs(tr) <= eps_symm) return out;
+    if (tr == 0.0f) {
+        *out++ = '0';
+        return out;
+    }
     const bool alone = blank || std::abs(row[0]) + std::abs(row[1]) + std::abs(row[2]) <= eps_symm;
     const Piece* fraction = known_fraction(tr);
-    if (fraction && fraction->one_digit)
-        line.put(*fraction, alone ? 1 : 0);
-    else if (tr == 0.0f)
-        line.put('0');
-    else
-        put_fraction(line, string_utilities::get_fraction_1dig(tr).trimmed(), alone);
+    if (fraction && !fraction->one_digit) fraction = nullptr;
+    if (fraction && !alone) return put(out, *fraction);
+    return put_translation(out, fraction, string_utilities::get_fraction_1dig, tr, alone);
 }
 
 template <class Matrix>
 void put_triplet(const Matrix& rows, const Vector3f& tr, std::span<char> field) {
-    Line line;
-    put_row(line, rows[0], tr[0]);
-    line.put(',');
-    put_row(line, rows[1], tr[1]);
-    line.put(',');
-    put_row(line, rows[2], tr[2]);
-    line.copy_to(field);
+    std::array<char, line_size> line;
+    char* out = put_row(line.data(), rows[0], tr[0]);
+    *out++ = ',';
+    out = put_row(out, rows[1], tr[1]);
+    *out++ = ',';
+    out = put_row(out, rows[2], tr[2]);
+    std::memset(out, ' ', usual_width);
+    if (field.size() == usual_width) {
+        std::memcpy(field.data(), line.data(), usual_width);
+        return;
+    }
+    const auto length = static_cast<std::size_t>(out - line.data());
+    const std::size_t kept = std::min(length, field.size());
+    std::copy_n(line.data(), kept, field.data());
+    std::fill(field.begin() + static_cast<std::ptrdiff_t>(kept), field.end(), ' ');
 }
 
 /// " 1/2", "- 0 ": a translation of a Seitz symbol; nothing when the table has no such fraction.

@@ -183,10 +183,11 @@ void choose_by_mode(std::string_view mode, Choice& choice) {
 
 // ------------------------------------------------------------ filling the record
 
-/// Gives every field its fresh value. The texts of the special positions are most of the record,
-/// and all but the counted ones are blank already, so only those are blanked.
+/// Gives every field its fresh value. The long lists are fresh beyond their counts already, so only
+/// what the counts tell is written.
 void make_fresh(Space_Group_Type& group) {
     static const Space_Group_Type fresh;
+    constexpr FixedText<40> fresh_text;
     group.num_spg = fresh.num_spg;
     group.spg_symb = fresh.spg_symb;
     group.hall = fresh.hall;
@@ -205,14 +206,19 @@ void make_fresh(Space_Group_Type& group) {
     group.centred = fresh.centred;
     group.centre_coord = fresh.centre_coord;
     group.num_ops = fresh.num_ops;
+    const int operators = std::clamp(group.multip, 0, static_cast<int>(max_operators));
+    std::copy_n(fresh.sym_op.begin(), operators, group.sym_op.begin());
+    std::copy_n(fresh.sym_op_text.begin(), operators, group.sym_op_text.begin());
     group.multip = fresh.multip;
     group.num_gen = fresh.num_gen;
-    group.sym_op = fresh.sym_op;
-    group.sym_op_text = fresh.sym_op_text;
     group.asym_unit = fresh.asym_unit;
     const auto positions = static_cast<std::size_t>(
         std::clamp(group.wyckoff.num_orbit, 0, static_cast<int>(max_wyckoff_positions)));
-    for (Wyck_Pos_Type& position : std::span(group.wyckoff.orbit).first(positions)) position = {};
+    for (Wyck_Pos_Type& position : std::span(group.wyckoff.orbit).first(positions)) {
+        std::fill_n(position.str_orbit.begin(),
+                    std::clamp(position.norb, 0, static_cast<int>(max_orbit_texts)), fresh_text);
+        position.norb = position.multp = 0;
+    }
     group.wyckoff.num_orbit = 0;
 }
 
@@ -445,9 +451,13 @@ void fill_wyckoff(Space_Group_Type& group) {
     const WyckoffRow* row = find_wyckoff_row(group.spg_symb.field());
     if (!row || row->norbit == 0) return;
     group.wyckoff.num_orbit = row->norbit;
+    // An orbit without centring is no longer than the list without it.
+    const auto longest = std::min(
+        static_cast<std::size_t>(group.num_ops * (group.centred == 1 ? 1 : 2)), max_orbit_texts);
     for (std::size_t i = 0; i < static_cast<std::size_t>(row->norbit); ++i) {
         Wyck_Pos_Type& position = group.wyckoff.orbit[i];
-        position.norb = wyckoff_orbit(group, row->orbit[i].field(), position.str_orbit);
+        position.norb = wyckoff_orbit(group, row->orbit[i].field(),
+                                      std::span(position.str_orbit).first(longest));
         position.multp = position.norb * group.num_lat;
     }
 }
