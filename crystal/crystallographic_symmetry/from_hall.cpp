@@ -166,7 +166,7 @@ Vector3i read_shift(std::string_view text) {
     std::size_t entry = 0;
     int sign = 1;
     for (const char c : text) {
-        if (c == ')' || entry == 3) break;
+        if (entry == 3) break;
         if (c == ' ') continue;
         if (c == '-') {
             sign = -1;
@@ -195,17 +195,20 @@ struct Symbol {
 /// What stands behind the lattice letter; absent when a generator can't be read.
 std::optional<Symbol> read_generators(std::string_view text) {
     Symbol symbol;
-    const std::size_t paren = std::min(text.find('('), text.size());
-    if (paren < text.size()) symbol.shift = read_shift(text.substr(paren + 1));
-    std::string_view rest = text.substr(0, paren);
+    const std::size_t open = std::min(text.find('('), text.size());
+    const std::size_t close = std::min(text.find(')', open), text.size());
+    if (open < text.size()) symbol.shift = read_shift(text.substr(open + 1, close - open - 1));
+    // The shift stands last by custom, and yet a generator may follow it.
     GeneratorReader reader;
-    while (symbol.count < max_generators) {
-        const std::string_view token = string_utilities::cutst(rest);
-        if (token.empty()) break;
-        const std::optional<Generator> generator = reader.read(token);
-        if (!generator) return std::nullopt;
-        symbol.generators[symbol.count++] = *generator;
-    }
+    for (std::string_view rest :
+         {text.substr(0, open), text.substr(std::min(close + 1, text.size()))})
+        while (symbol.count < max_generators) {
+            const std::string_view token = string_utilities::cutst(rest);
+            if (token.empty()) break;
+            const std::optional<Generator> generator = reader.read(token);
+            if (!generator) return std::nullopt;
+            symbol.generators[symbol.count++] = *generator;
+        }
     return symbol;
 }
 

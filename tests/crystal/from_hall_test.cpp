@@ -88,6 +88,11 @@ TEST(Hall, OriginShiftMovesTheGenerators) {
     // Entries that aren't 1 to 5 count as 0.
     EXPECT_EQ(sorted_texts("P 2 (7 x 1)"), sorted_texts("P 2 (0 0 1)"));
     EXPECT_EQ(sorted_texts("P 2y (0 0 -3)"), (Texts{"-x,y,-z+1/2", "x,y,z"}));
+    // What follows the shift counts, and is moved too.
+    EXPECT_EQ(sorted_texts("P 2 (0 0 3) 2"),
+              (Texts{"-x,-y,z", "-x,y,-z+1/2", "x,-y,-z+1/2", "x,y,z"}));
+    get_so_from_hall("P 2 (0 0 1) 5");
+    EXPECT_TRUE(err_symm);
 }
 
 TEST(Hall, LatticeReachesListAndModule) {
