@@ -39,7 +39,7 @@ void write_header(const Space_Group_Type& group, std::ostream& out) {
     line(out, " =>         Crystal System: ", group.crystal_sys.trimmed());
     line(out, " =>             Laue Class: ", group.laue.trimmed());
     line(out, " =>            Point Group: ", group.pg.trimmed());
-    line(out, " =>        Bravais Lattice: ", group.lat_type.trimmed());
+    line(out, " =>        Bravais Lattice: ", group.bravais.trimmed());
     line(out, " =>         Lattice Symbol: ", group.lat_symbol.trimmed());
     line(out, " => Reduced Number of S.O.: ", number(group.num_ops));
     line(out, " =>   General multiplicity: ", number(group.multip));

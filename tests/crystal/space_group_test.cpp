@@ -352,6 +352,8 @@ TEST(Report, NamesTheGroupItsOperatorsAndPositions) {
     for (const char* line :
          {" =>  Number of Space group: 12\n", " => Hermann-Mauguin Symbol: C 2/M\n",
           " =>            Hall Symbol: -C 2y\n",
+          " =>        Bravais Lattice:   C: { 000; 1/2 1/2  0  }+\n",
+          " =>         Lattice Symbol: mC\n",
           " =>        Asymmetric unit: ", " <= x <= ", " => Centring vectors:\n => Latt(1): (+1/2",
           " => List of S.O. without inversion and lattice centring translations\n"
           " => SYMM(  1): x,y,z\n => SYMM(  2): -x,y,-z\n\n",
