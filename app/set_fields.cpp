@@ -36,6 +36,7 @@ void put_hundredths(std::span<const int> fields, std::span<const float> values) 
 template <std::size_t N>
 std::vector<std::string> options(const std::vector<FixedText<N>>& labels) {
     std::vector<std::string> texts;
+    texts.reserve(labels.size());
     for (const FixedText<N>& label : labels) texts.emplace_back(label.trimmed());
     return texts;
 }
