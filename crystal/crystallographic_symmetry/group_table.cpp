@@ -136,15 +136,15 @@ GroupTable::Operator GroupTable::packed(const Matrix3i& rot, const Vector3i& tr)
 }
 
 /// With coefficients to multiply with from the left, and rows to be multiplied.
-GroupTable::Entry GroupTable::unpacked(const Operator& one) {
-    Entry entry;
+void GroupTable::unpack(const Operator& one, Entry& entry) {
     entry.rotation = one.rotation;
     entry.tr = one.tr;
     for (std::size_t i = 0; i < 3; ++i) {
         entry.rot[i] = columns_of(one.rotation[i]);
-        entry.rows[i] = packed_row(entry.rot[i], one.tr[i]);
+        // The columns as they stand, negative ones borrowing from the translation.
+        const std::int64_t columns = (one.rotation[i] << 16) >> 16;
+        entry.rows[i] = columns + one.tr[i] * translation_unit;
     }
-    return entry;
 }
 
 GroupTable::Operator GroupTable::product(const Entry& a, const Entry& b) {
@@ -189,12 +189,12 @@ Vector3i GroupTable::reduced(const Vector3i& tr) const {
 
 /// False, with this error, when the table is full or the coefficients outgrow it.
 bool GroupTable::append(const Operator& one, std::string_view message) {
-    const Entry entry = unpacked(one);
-    if (size_ == entries_.size() || !in_bounds(entry.rot)) {
+    if (size_ < entries_.size()) unpack(one, entries_[size_]);
+    if (size_ == entries_.size() || !in_bounds(entries_[size_].rot)) {
         set_err_symm(message);
         return false;
     }
-    entries_[size_++] = entry;
+    ++size_;
     std::size_t slot = slot_of(one.rotation);
     while (slots_[slot] != 0) slot = (slot + 1) % slots_.size();
     slots_[slot] = static_cast<unsigned char>(size_);
@@ -219,7 +219,7 @@ bool GroupTable::add_powers(std::size_t k) {
     Entry power = generator;
     for (int n = 2; n < order; ++n) {
         Operator one = product(generator, power);
-        power = unpacked(one);
+        unpack(one, power);
         if (any_with_rotation(one.rotation, [](const Entry&) { return true; })) continue;
         one.tr = reduced(one.tr);
         // A power without a translation is left to the products, unless it leaves the bounds.
@@ -256,7 +256,7 @@ bool GroupTable::close() {
         before = size_;
         for (std::size_t i = 1; i < size_; ++i) {
             // For small tables the few products left are less work.
-            if (size_ >= 12 && is_closed(generators, held)) return true;
+            if (size_ >= 8 && is_closed(generators, held)) return true;
             for (std::size_t j = std::max(i, tried[i]); j < size_; ++j) {
                 const Operator one = product(entries_[i], entries_[j]);
                 if (!has(one) && !append(one, " Dimension of Table exceeded (II)")) return false;

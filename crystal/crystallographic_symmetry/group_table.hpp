@@ -60,7 +60,7 @@ private:
     };
 
     static Operator packed(const Matrix3i& rot, const Vector3i& tr);
-    static Entry unpacked(const Operator& one);
+    static void unpack(const Operator& one, Entry& entry);
     static Operator product(const Entry& a, const Entry& b);
     /// Calls `found` with each entry of this rotation until it returns true, and says whether it
     /// did.
