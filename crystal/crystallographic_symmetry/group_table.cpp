@@ -180,7 +180,8 @@ bool GroupTable::has(const Operator& one) const {
     });
 }
 
-/// Less the first centring vector that fits into it.
+/// Less the first centring vector that fits into it, whole: a component taken modulo that of the
+/// vector would leave the lattice where the vector fits in twice.
 Vector3i GroupTable::reduced(const Vector3i& tr) const {
     for (const Vector3i& v : centring_)
         if (tr[0] >= v[0] && tr[1] >= v[1] && tr[2] >= v[2]) return tr - v;
