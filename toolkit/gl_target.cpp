@@ -494,6 +494,8 @@ void gl_shutdown() {
     leave_target();
     if (state.keeper) glXDestroyContext(yydisplay.display, state.keeper);
     state.keeper = nullptr;
+    // The lists of the characters went with it.
+    state.selected_before = false;
 }
 
 }  // namespace tesserakit

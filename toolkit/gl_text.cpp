@@ -75,7 +75,9 @@ void wgltextfont(std::optional<int> font, std::optional<int> style, std::optiona
     }
     if (choice == state.font && glFontList != no_lists) return;
     state.font = choice;
-    if (glFontList == no_lists) glFontList = glGenLists(characters);
+    if (glFontList != no_lists) return;
+    // 0 without a context: the next call tries again.
+    if (const GLuint lists = glGenLists(characters); lists != 0) glFontList = lists;
 }
 
 void wgltextorientation(int justification) {
@@ -83,6 +85,8 @@ void wgltextorientation(int justification) {
 }
 
 void wgltextstring(std::string_view text) {
+    // From all ones the numbers would wrap around to lists that are someone else's.
+    if (glFontList == no_lists) return;
     justify(text);
     GLint front_face = GL_CCW;
     GLint cull_face = GL_BACK;

@@ -1,4 +1,5 @@
 #include "tests/support/display_input.hpp"
+#include "toolkit/gl_text.hpp"
 #include "toolkit/tesserakit.hpp"
 
 #include <gtest/gtest.h>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr unsigned red = 0xff0000;
 constexpr unsigned blue = 0x0000ff;
+constexpr unsigned white = 0xffffff;
 
 Point centre(const Rectangle& area) { return {area.x + area.width / 2, area.y + area.height / 2}; }
 
@@ -301,6 +303,42 @@ TEST(GlDisplay, TextWithASystemFontLeavesNoMarkAndNoState) {
     EXPECT_EQ(glGenLists(1), next + 1) << "the same font again makes no lists";
     wgltextfont(100);
     EXPECT_EQ(infoerror(1), 1104) << "family 0 wants a name";
+}
+
+TEST(GlDisplay, TextWithoutListsOfItsOwnCallsNoOthers) {
+    const Rectangle area = open_root({.width = 300, .height = 200});
+    wglselect(3, 1, 2);
+    ASSERT_EQ(infoerror(1), 1019) << "no dialog, and so no context";
+    wgltextfont(102);
+    EXPECT_EQ(glFontList, ~0U);
+
+    wglselect(1, 0, 2);
+    drain();
+    const GLuint first = glGenLists(256);
+    for (GLuint list = first; list < first + 256; ++list) {
+        glNewList(list, GL_COMPILE);
+        glRectf(-1.0f, -1.0f, 1.0f, 1.0f);
+        glEndList();
+    }
+    glClear(GL_COLOR_BUFFER_BIT);
+    glColor3f(1.0f, 0.0f, 0.0f);
+    wgltextstring("abc");
+    wglswapbuffers();
+    drain();
+    EXPECT_EQ(pixel(centre(area)), white);
+}
+
+TEST(GlDisplay, ListsOfCharactersEndWithTheirContexts) {
+    open_root({.width = 300, .height = 200});
+    wglselect(1, 0, 2);
+    wgltextfont(102);
+    EXPECT_NE(glFontList, ~0U);
+    windowclose();
+    open_root({.width = 300, .height = 200});
+    wglselect(1, 0, 2);
+    EXPECT_EQ(glFontList, ~0U);
+    wgltextfont(102);
+    EXPECT_TRUE(glIsList(glFontList));
 }
 
 namespace {
