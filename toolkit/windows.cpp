@@ -177,6 +177,9 @@ Plan plan_inside(const WindowRequest& request, const WindowSlot& parent) {
     plan.client = inside_parent(request.x, request.y, request.width, request.height, parent.width,
                                 parent.height);
     if (request.dialog != 0) plan_dialog(plan, request.dialog);
+    // The dialog's size is not the one that the request was centred with.
+    if (request.x == window_centred) plan.client.x = (parent.width - plan.client.width) / 2;
+    if (request.y == window_centred) plan.client.y = (parent.height - plan.client.height) / 2;
     int left = 0;
     int top = 0;
     Window child = 0;
@@ -463,7 +466,11 @@ void yyclosechild(int window) {
     yyMSSemiAddRemove(-1, 1, window);
     const bool selected = drawable.type == DrawableType::Window && drawable.number == window;
     destroy_widgets(window);
-    if (wCurrentWindow == window || selected) select_root();
+    if (wCurrentWindow == window) {
+        select_root();
+    } else if (selected) {
+        yygrselectwindow(wCurrentWindow);
+    }
 }
 
 void windowclosechild(int window) {

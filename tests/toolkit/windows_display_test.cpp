@@ -120,6 +120,16 @@ TEST(WindowsDisplay, ChildrenInsideAParentAreMeasuredInItsUnits) {
     EXPECT_EQ(windowopenchild2({.flags = 16}, 7), -5) << "no such parent";
 }
 
+TEST(WindowsDisplay, ADialogInsideAParentStandsInItsMiddle) {
+    const Rectangle root = open_root({.width = 1000, .height = 700});
+    constexpr int atom_page = 109;
+    ASSERT_EQ(windowopenchild2({.flags = 16, .dialog = atom_page, .title = "Inside"}, 0), 1);
+    const Rectangle area = window_titled("Inside");
+    EXPECT_LT(area.width, 600);
+    EXPECT_NEAR(centre(area).x, centre(root).x, 16);
+    EXPECT_NEAR(centre(area).y, centre(root).y, 40);
+}
+
 TEST(WindowsDisplay, SlotsAreFilledFromTheLowestAndFiftyIsTheEnd) {
     open_root({.width = 100, .height = 100});
     for (int slot = 1; slot <= 50; ++slot)
@@ -143,6 +153,16 @@ TEST(WindowsDisplay, ClosingTheCurrentWindowMakesTheRootCurrent) {
     EXPECT_EQ(infoerror(1), 1003);
     windowclosechild(0);
     EXPECT_EQ(infoerror(1), 1003);
+}
+
+TEST(WindowsDisplay, ClosingTheSelectedDrawableLeavesTheCurrentWindow) {
+    open_root({.width = 300, .height = 200});
+    const int drawn = windowopenchild2({.width = 200, .height = 100});
+    const int current = windowopenchild2({.width = 150, .height = 100});
+    igrselect(1, drawn);
+    windowclosechild(drawn);
+    EXPECT_EQ(winfowindow(1), current);
+    EXPECT_EQ(winfodrawable(4), 150);
 }
 
 TEST(WindowsDisplay, StatusBarShowsItsTextAndIgnoresOtherParts) {
