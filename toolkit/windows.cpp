@@ -258,6 +258,7 @@ void show_error(std::string_view text) { yysetstatustext2(0, 1, text); }
 
 void first_window() {
     load_message_defaults();
+    TimerEnabled = message_enabled(TimerExpired);
     yycolorschemeinit();
     yyResourceImageInit();
     yyDGInit();

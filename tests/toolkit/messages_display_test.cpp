@@ -201,6 +201,18 @@ TEST(MessagesDisplay, TimersComeThroughTheQueue) {
     EXPECT_TRUE(drain().empty()) << "cancelled";
 }
 
+TEST(MessagesDisplay, ANewRootBeginsWithAllSwitchesAsTheyWere) {
+    open_root();
+    wmessageenable(MouseMove, 1);
+    wmessageenable(TimerExpired, 0);
+    windowclose();
+    const Rectangle area = open_root();
+    drag(inside(area, 50, 60), inside(area, 90, 60), 2);
+    EXPECT_EQ(types_of(drain()), (std::vector<int>{MouseButDown}));
+    yysettimer(1, 7, 0);
+    EXPECT_EQ(wait_for(TimerExpired).VALUE1, 7);
+}
+
 TEST(MessagesDisplay, AWaitEndsWithAnEventAndOtherwiseInTime) {
     const Rectangle area = open_root();
     using Clock = std::chrono::steady_clock;
