@@ -68,14 +68,6 @@ void relink(int type, int slots, const SemiModalLink& leaving, const SemiModalLi
     }
 }
 
-void enter_semi_modal(int type, int object) {
-    SemiModalLink* link = link_of(type, object);
-    if (!link || (wObjCurType == type && wObjCur == object)) return;
-    *link = {wObjCur, wObjCurType};
-    wObjCur = object;
-    wObjCurType = type;
-}
-
 void leave_semi_modal(int type, int object) {
     SemiModalLink* link = link_of(type, object);
     if (!link) return;
@@ -87,6 +79,16 @@ void leave_semi_modal(int type, int object) {
     relink(window_object, window_slots, {object, type}, predecessor);
     relink(dialog_object, dialog_slots, {object, type}, predecessor);
     *link = {};
+}
+
+void enter_semi_modal(int type, int object) {
+    SemiModalLink* link = link_of(type, object);
+    if (!link || (wObjCurType == type && wObjCur == object)) return;
+    // One that comes again moves to the front: twice in the chain it could never be left.
+    leave_semi_modal(type, object);
+    *link = {wObjCur, wObjCurType};
+    wObjCur = object;
+    wObjCurType = type;
 }
 
 bool filtered_type(int type) {

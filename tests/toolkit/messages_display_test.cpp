@@ -188,6 +188,11 @@ TEST(MessagesDisplay, SemiModalWindowsMayLeaveInAnyOrder) {
     EXPECT_EQ(wObjCur, first);
     yyMSSemiAddRemove(-1, 1, first);
     EXPECT_EQ(wObjCurType, 0);
+    for (const int window : {first, second, first}) yyMSSemiAddRemove(1, 1, window);
+    yyMSSemiAddRemove(-1, 1, first);
+    EXPECT_EQ(wObjCur, second);
+    yyMSSemiAddRemove(-1, 1, second);
+    EXPECT_EQ(wObjCurType, 0) << "one that came twice locks nothing for good";
 }
 
 TEST(MessagesDisplay, TimersComeThroughTheQueue) {
