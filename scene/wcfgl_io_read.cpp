@@ -346,16 +346,22 @@ void Reader::read_generators(std::string_view first) {
     wcfgl_metrix::define_spacegroup("", std::span(tables_.generators).first(count));
 }
 
+/// Limits that the line leaves out stay as they are.
 void Reader::read_box(std::string_view operands) {
-    std::array<float, 6> box{};
+    std::array<float, 6> box = wcfgl_metrix::current_box.value_or(wcfgl_metrix::Box{});
     if (read_reals(operands, box))
         wcfgl_metrix::define_box(box[0], box[1], box[2], box[3], box[4], box[5]);
     else
         wcfgl_metrix::init_box();
 }
 
+/// Edges and angles that the line leaves out stay as they are.
 void Reader::read_cell(const Line& line, std::string_view operands) {
     std::array<float, 6> cell{};
+    if (const auto& current = wcfgl_metrix::current_cell) {
+        std::copy(current->cell_length.begin(), current->cell_length.end(), cell.begin());
+        std::copy(current->cell_angle.begin(), current->cell_angle.end(), cell.begin() + 3);
+    }
     if (!read_reals(operands, cell)) {
         wcfgl_metrix::define_cell({10.0f, 10.0f, 10.0f}, {90.0f, 90.0f, 90.0f});
         return;

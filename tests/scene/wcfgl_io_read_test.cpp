@@ -118,6 +118,13 @@ TEST(ReadFile, BadBoxKeepsTheOldOne) {
                 ElementsAre("init_box", "init_box"));
 }
 
+TEST(ReadFile, WhatACellOrBoxLineLeavesOutStays) {
+    wcfgl_metrix::current_box = {-1, 2, 0, 1, 0, 3};
+    EXPECT_THAT(calls_of("CELL 5 6 7 90 95 90\nCELL 8,,7.5 /\nBOX ,,0.5 /\n", {"define_"}),
+                ElementsAre("define_spacegroup <P 1>", "define_cell (5,6,7) (90,95,90)",
+                            "define_cell (8,6,7.5) (90,95,90)", "define_box (-1,2,0.5,1,0,3)"));
+}
+
 TEST(ReadFile, RadiusComesFromTheLineOrTheElementAndUnreadableOnesFromTheLineBefore) {
     EXPECT_THAT(atoms_of("ATOM A FE 0 0 0 RADIUS 2\nATOM B FE 0 0 0\n"
                          "RADIUS 3\nATOM C FE 0 0 0 RADIUS x\n"),
