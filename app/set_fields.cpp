@@ -1,6 +1,7 @@
 #include "app/dialog_binding.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
+#include "app/slider_scale.hpp"
 #include "common/number_field.hpp"
 #include "crystal/crystallographic_symmetry/space_group.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
@@ -21,8 +22,6 @@ namespace {
 using namespace tesserakit;
 
 constexpr int shown_operators_width = 3;
-
-int hundredths(float part) { return static_cast<int>(part * 100.0f); }
 
 void put_reals(std::span<const int> fields, std::span<const float> values) {
     for (std::size_t i = 0; i < fields.size(); ++i) wdialogputreal(fields[i], values[i]);
@@ -242,13 +241,12 @@ void set_lamp() {
 
 void set_moment() {
     const DialogSelection selection(dialog::moment);
-    const auto hundred = [](double part) { return static_cast<int>(part * 100.0); };
     wdialogputtrackbar(field::moment_head_width,
-                       hundred(wcfgl_objects_definition::moment_head_radius));
+                       hundredths(wcfgl_objects_definition::moment_head_radius));
     wdialogputtrackbar(field::moment_head_length,
-                       hundred(1.0 - wcfgl_objects_definition::moment_shaft_length));
+                       hundredths(1.0 - wcfgl_objects_definition::moment_shaft_length));
     wdialogputtrackbar(field::moment_thickness,
-                       hundred(wcfgl_objects_definition::moment_shaft_radius));
+                       hundredths(wcfgl_objects_definition::moment_shaft_radius));
 }
 
 void set_all_fields() {

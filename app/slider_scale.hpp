@@ -1,0 +1,17 @@
+/// Sliders hold integers; the model holds parts of one, a hundred steps of a slider each.
+#pragma once
+
+#include <algorithm>
+
+namespace gemwright {
+
+/// Cut toward zero. A file may hold any number: what no slider can show becomes a million of its
+/// sign, which the slider takes for its end, and NaN becomes 0.
+template <class Real>
+int hundredths(Real part) {
+    constexpr Real most = 1000000;
+    const Real steps = part * Real(100);
+    return steps == steps ? static_cast<int>(std::clamp(steps, -most, most)) : 0;
+}
+
+}  // namespace gemwright
