@@ -86,6 +86,12 @@ void get_lamp_position() {
     std::copy(position.begin(), position.end(), wcfgl_display::lamp_position.begin());
 }
 
+void get_atom_position() {
+    const int atom = selected_atom();
+    const DialogSelection selection(dialog::atom_position);
+    wcfgl_atom_tree::modify_atom(atom, {.xf = Vector3f{reals(field::atom_coordinates)}});
+}
+
 void get_atom_radius() {
     const int atom = selected_atom();
     const DialogSelection selection(dialog::atom_look);
@@ -170,10 +176,16 @@ struct Row {
     void (*handler)();
 };
 
+// The loop hands on the OK button alone, so a position typed into its page waits for Insert.
 constexpr Row on_ok[]{
-    {dialog::main, any, get_mouse_mode},        {dialog::space_group, any, get_space_group},
-    {dialog::box, any, define_box_from_fields}, {dialog::cell, any, get_cell},
+    {dialog::main, any, get_mouse_mode},
+    {dialog::space_group, any, get_space_group},
+    {dialog::box, any, define_box_from_fields},
+    {dialog::cell, any, get_cell},
     {dialog::lamp, any, get_lamp_position},
+    {dialog::atom_position, field::atom_coordinates[0], get_atom_position},
+    {dialog::atom_position, field::atom_coordinates[1], get_atom_position},
+    {dialog::atom_position, field::atom_coordinates[2], get_atom_position},
 };
 
 /// Fields of dialogs that stand in no row are views: a change in them is dropped.
