@@ -49,9 +49,11 @@ std::string root_of_environment(const std::string& otherwise) {
     return with_slash(tool.substr(0, upper_cased(tool).find("TKIDE")));
 }
 
+/// Folders hold no lines, and a pipe would keep the start waiting. /dev/null is an empty file.
 bool exists(const std::string& path) {
     std::error_code failure;
-    return !path.empty() && std::filesystem::exists(path, failure);
+    const std::filesystem::file_status status = std::filesystem::status(path, failure);
+    return is_regular_file(status) || is_character_file(status);
 }
 
 struct TextKeyword {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -105,6 +106,16 @@ TEST_F(TesserIni, TheFileIsTheFirstThatExists) {
     EXPECT_EQ(find_ini_file("", values), named);
     EXPECT_EQ(find_ini_file("absent.ini", values), named);
     EXPECT_EQ(find_ini_file("tesser.ini  ", values), "tesser.ini");
+}
+
+TEST_F(TesserIni, FoldersAndPipesAreNoFiles) {
+    setenv("TESSROOT", (folder() + "/root").c_str(), 1);
+    const std::string in_root = write("root/tesser.ini", "");
+    ASSERT_EQ(mkfifo("tesser.ini", 0600), 0);
+    const Settings values = settings_of_environment();
+    EXPECT_EQ(find_ini_file(folder(), values), in_root);
+    setenv("TESSINIT", "/dev/null", 1);
+    EXPECT_EQ(find_ini_file("", values), "/dev/null");
 }
 
 TEST_F(TesserIni, TheFileGoesBeforeTheEnvironment) {
