@@ -39,7 +39,10 @@ Quaternion calc_rot_param(const Vector3f& from_point, const Vector3f& to_point) 
     using namespace wcfgl_geometry;
     const float delta = vect_norm_3d(from_point - to_point);
     if (delta <= shortest_move) return wcfgl_quaternion::identity;
-    const Vector3f axis = vect_unit_3d(vect3d_vect_vect3d(from_point, to_point));
+    const Vector3f normal = vect3d_vect_vect3d(from_point, to_point);
+    // Opposite points of the equator have no axis, and a view of NaNs would stay for good.
+    if (vect_norm_3d(normal) == 0.0f) return wcfgl_quaternion::identity;
+    const Vector3f axis = vect_unit_3d(normal);
     const float h = delta * gain * radians_per_degree * 0.5f;
     const float sine = std::sin(h);
     return {std::cos(h), sine * axis[0], sine * axis[1], sine * axis[2]};

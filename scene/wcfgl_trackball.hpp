@@ -20,8 +20,9 @@ void init_rot_matrix();
 Vector3f viewport2hemi(int x, int y, int width, int height);
 
 /// The rotation that a move from one point of the hemisphere to another means: 112.5 degrees for
-/// each unit of the straight distance between them. Points at most 1e-8 apart give the identity.
-/// A drag composes it on the left of the view quaternion.
+/// each unit of the straight distance between them. Points at most 1e-8 apart give the identity,
+/// and so do opposite ones, which have no axis. A drag composes it on the left of the view
+/// quaternion.
 Quaternion calc_rot_param(const Vector3f& from_point, const Vector3f& to_point);
 
 }  // namespace wcfgl_trackball

@@ -50,6 +50,12 @@ TEST(Trackball, TheAngleFollowsTheChordAndTheAxisBothPoints) {
     EXPECT_EQ(calc_rot_param(from, from), wcfgl_quaternion::identity);
 }
 
+TEST(Trackball, AJumpAcrossTheWholeBallKeepsTheView) {
+    const Vector3f left = viewport2hemi(-5, 200, 600, 400),
+                   right = viewport2hemi(700, 200, 600, 400);
+    EXPECT_EQ(calc_rot_param(left, right), wcfgl_quaternion::identity);
+}
+
 TEST(Trackball, TheModelStartsUpright) {
     current_rot_matrix.fill(2);
     init_rot_matrix();
