@@ -46,16 +46,17 @@ void derive_metric(Cell& cell) {
     const float cos_beta = std::cos(angle[1]);
     const float cos_gamma = std::cos(angle[2]);
     const float sin_gamma = std::sin(angle[2]);
-    const float c_along_y = (cos_alpha - cos_gamma * cos_beta) / sin_gamma;
+    const float along_y = cos_alpha - cos_gamma * cos_beta;  // of a unit c, times sin gamma
     cell.volume = a * b * c *
                   std::sqrt(1.0f - cos_alpha * cos_alpha - cos_beta * cos_beta -
                             cos_gamma * cos_gamma + 2.0f * cos_alpha * cos_beta * cos_gamma);
     const float height = cell.volume / (a * b * sin_gamma);
     const float unit_height = cell.volume / (a * b * c * sin_gamma);
-    cell.direct_matrix = {
-        {{{a, b * cos_gamma, c * cos_beta}, {0, b * sin_gamma, c * c_along_y}, {0, 0, height}}}};
+    cell.direct_matrix = {{{{a, b * cos_gamma, c * cos_beta},
+                            {0, b * sin_gamma, c * along_y / sin_gamma},
+                            {0, 0, height}}}};
     cell.unit_direct_matrix = {
-        {{{1, cos_gamma, cos_beta}, {0, sin_gamma, c_along_y}, {0, 0, unit_height}}}};
+        {{{1, cos_gamma, cos_beta}, {0, sin_gamma, along_y / sin_gamma}, {0, 0, unit_height}}}};
 }
 
 void compile_wire(const Cell& cell) {
