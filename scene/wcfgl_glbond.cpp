@@ -134,6 +134,21 @@ private:
         return static_cast<std::size_t>((bin[0] * bins_[1] + bin[1]) * bins_[2] + bin[2]);
     }
 
+    /// One direction of a walk through the bins, which goes on beyond the cell.
+    struct Step {
+        int cell = 0;
+        int bin = 0;  ///< within the cell
+
+        Step(int b, int bins) : cell(b >= 0 ? b / bins : -((-b + bins - 1) / bins)) {
+            bin = b - cell * bins;
+        }
+        void advance(int bins) {
+            if (++bin < bins) return;
+            bin = 0;
+            ++cell;
+        }
+    };
+
     template <class Visit>
     void visit_bins(const Vector3f& x, Visit visit) const {
         // Bins are counted on beyond the cell, `bins_` of them a cell.
@@ -145,19 +160,20 @@ private:
             high[k] = static_cast<int>(
                 std::min(std::floor((c + reach_[k]) * n), (last_cell_[k] + 2.0) * n - 1.0));
         }
-        Vector3i b{};
-        for (b[0] = low[0]; b[0] <= high[0]; ++b[0])
-            for (b[1] = low[1]; b[1] <= high[1]; ++b[1])
-                for (b[2] = low[2]; b[2] <= high[2]; ++b[2]) visit_bin(x, b, visit);
+        Step s0(low[0], bins_[0]);
+        for (int i = low[0]; i <= high[0]; ++i, s0.advance(bins_[0])) {
+            Step s1(low[1], bins_[1]);
+            for (int j = low[1]; j <= high[1]; ++j, s1.advance(bins_[1])) {
+                Step s2(low[2], bins_[2]);
+                for (int k = low[2]; k <= high[2]; ++k, s2.advance(bins_[2]))
+                    visit_bin(x, {s0.bin, s1.bin, s2.bin}, {s0.cell, s1.cell, s2.cell}, visit);
+            }
+        }
     }
 
     template <class Visit>
-    void visit_bin(const Vector3f& x, const Vector3i& b, Visit visit) const {
-        Vector3i bin{}, cell{};
-        for (std::size_t k = 0; k < 3; ++k) {
-            cell[k] = b[k] >= 0 ? b[k] / bins_[k] : -((-b[k] + bins_[k] - 1) / bins_[k]);
-            bin[k] = b[k] - cell[k] * bins_[k];
-        }
+    void visit_bin(const Vector3f& x, const Vector3i& bin, const Vector3i& cell,
+                   Visit visit) const {
         const std::size_t index = bin_index(bin);
         for (std::size_t s = start_[index]; s < start_[index + 1]; ++s) {
             const Site& site = sites_[s];
