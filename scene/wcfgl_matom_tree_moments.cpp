@@ -33,12 +33,16 @@ Phase operator*(const Phase& a, const Phase& b) {
     return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
 }
 
-float term(const std::complex<float>& s, const Phase& e, bool k_is_minus_k) {
-    const long double re = s.real(), im = s.imag();
-    const long double of_k = re * e.re - im * e.im;
+Phase operator*(const std::complex<float>& s, const Phase& e) {
+    return Phase{s.real(), s.imag()} * e;
+}
+
+/// The real part of s e, or half the sum with the partner at -k.
+float term(const Phase& s, const Phase& e, bool k_is_minus_k) {
+    const long double of_k = s.re * e.re - s.im * e.im;
     if (k_is_minus_k) return static_cast<float>(of_k);
-    // The partner at -k, with the conjugate coefficient and the conjugate phase.
-    const long double of_minus_k = re * e.re - (-im) * (-e.im);
+    // The conjugate coefficient and the conjugate phase.
+    const long double of_minus_k = s.re * e.re - (-s.im) * (-e.im);
     return static_cast<float>(0.5L * (of_k + of_minus_k));
 }
 
@@ -71,17 +75,18 @@ public:
         for (Phase& factor : factors_[0]) factor = factor * psi;
     }
 
-    /// Goes to the row of cells (i, j, ...).
-    void go_to_row(int i, int j) {
-        if (known_) row_ = factor(0, i) * factor(1, j);
+    /// Goes to the row of cells (i, j, ...) at column `p`.
+    void go_to_row(std::size_t p, int i, int j) {
+        if (!known_) return;
+        const Phase e = factor(0, i) * factor(1, j);
+        for (std::size_t axis = 0; axis < 3; ++axis) row_[axis] = moment_.Skj_eq[p][axis] * e;
     }
-    /// At column `p`, in cell `k` of the row.
-    Vector3f moment(std::size_t p, int k) const {
+    /// In cell `k` of the row.
+    Vector3f moment(int k) const {
         if (!known_) return {};
-        const Phase e = row_ * factor(2, k);
-        const ComplexVector& s = moment_.Skj_eq[p];
-        return {term(s[0], e, k_is_minus_k_), term(s[1], e, k_is_minus_k_),
-                term(s[2], e, k_is_minus_k_)};
+        const Phase& e = factor(2, k);
+        return {term(row_[0], e, k_is_minus_k_), term(row_[1], e, k_is_minus_k_),
+                term(row_[2], e, k_is_minus_k_)};
     }
 
 private:
@@ -94,7 +99,7 @@ private:
     bool k_is_minus_k_ = true;
     Vector3i first_{};
     std::array<std::vector<Phase>, 3> factors_;
-    Phase row_;
+    std::array<Phase, 3> row_{};  ///< the coefficient with the phase of the row
 };
 
 void draw_arrow(const Vector3f& moment, float scale, const Colour& colour) {
@@ -132,26 +137,28 @@ void visit_moments(const MatomNode& node, std::size_t p,
     const Vector3f& x = node.xf_eq[p];
     const box_cells::Cells cells =
         box_cells::cells_around(x, 1, 1, node.xf_eq.size() * node.moment.size());
+    // No cell is left that takes x out of the box; only where there are no numbers do any fail.
+    if (!wcfgl_metrix::in_limit(box_cells::moved(x, cells.first)) ||
+        !wcfgl_metrix::in_limit(box_cells::moved(x, cells.last)))
+        return;
     std::vector<Wave> waves;
     for (const MomentRecord& moment : node.moment) waves.emplace_back(moment, cells);
     std::vector<Vector3f> terms(waves.size());
     Vector3i t{};
     for (t[0] = cells.first[0]; t[0] <= cells.last[0]; ++t[0])
         for (t[1] = cells.first[1]; t[1] <= cells.last[1]; ++t[1]) {
-            for (Wave& wave : waves) wave.go_to_row(t[0], t[1]);
+            for (Wave& wave : waves) wave.go_to_row(p, t[0], t[1]);
             for (t[2] = cells.first[2]; t[2] <= cells.last[2]; ++t[2]) {
-                const Vector3f position = box_cells::moved(x, t);
-                if (!wcfgl_metrix::in_limit(position)) continue;
-                for (std::size_t m = 0; m < waves.size(); ++m) terms[m] = waves[m].moment(p, t[2]);
-                visit({t, position, terms});
+                for (std::size_t m = 0; m < waves.size(); ++m) terms[m] = waves[m].moment(t[2]);
+                visit({t, box_cells::moved(x, t), terms});
             }
         }
 }
 
 Vector3f moment_term(const MomentRecord& moment, std::size_t p, const Vector3i& t) {
     Wave wave(moment, {t, t});
-    wave.go_to_row(t[0], t[1]);
-    return wave.moment(p, t[2]);
+    wave.go_to_row(p, t[0], t[1]);
+    return wave.moment(t[2]);
 }
 
 Vector3f moment_to_cartesian(const Vector3f& m) {
