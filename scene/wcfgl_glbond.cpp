@@ -44,9 +44,11 @@ Vector3<double> reach_of(float distance) {
             reach[j] = area / volume;
         }
     }
+    // A rule may ask for less than nothing; the search is then as short as for nothing.
+    const double farthest = std::max(static_cast<double>(distance), 0.0);
     for (double& r : reach) {
         // The margin is wider than the rounding of the 32-bit test.
-        r = r * static_cast<double>(distance) * 1.0001 + 1e-4;
+        r = r * farthest * 1.0001 + 1e-4;
         if (!(r < 1e3)) r = std::numeric_limits<double>::infinity();
     }
     return reach;

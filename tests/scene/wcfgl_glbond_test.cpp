@@ -114,7 +114,7 @@ TEST(BondSearch, TakesPositionsOutsideTheCellAndOddNumbersAsThePlainLoopsDo) {
                               atom("A", "A", {{1e6f, 0, 0}, {0, nan, 0}, {-1e-9f, 1.0f, 0}})};
     const std::vector<Atom> b{atom("B", "B", {{0, 0, 4.9f}, {0, 1, 0.5f}, {1e6f, 0, 0.25f}}),
                               atom("B", "B", {{1e30f, 0, 0}, {0.3f, 0.3f, 0.3f}})};
-    for (const float greatest : {2.0f, 7.0f, 1e30f, nan, -1.0f}) {
+    for (const float greatest : {2.0f, 7.0f, 1e30f, nan, -1.0f, -3e38f}) {
         expect_as_plain(a, b, 0.0f, greatest);
         expect_as_plain(a, b, nan, greatest);
         expect_as_plain(a, a, 0.0f, greatest);
