@@ -207,6 +207,24 @@ Rectangle window_titled(const std::string& title) {
 
 bool is_shown(const std::string& title) { return find(title) != 0; }
 
+std::string title_at(Point at) {
+    const Window root = DefaultRootWindow(display());
+    Window window = root;
+    while (true) {
+        int x = 0, y = 0;
+        Window child = 0;
+        XTranslateCoordinates(display(), root, window, at.x, at.y, &x, &y, &child);
+        if (child == 0) return {};
+        window = child;
+        char* name = nullptr;
+        if (XFetchName(display(), window, &name) && name) {
+            const std::string title = name;
+            XFree(name);
+            return title;
+        }
+    }
+}
+
 void close_window(const std::string& title) {
     XEvent event{};
     event.xclient.type = ClientMessage;

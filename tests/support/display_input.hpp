@@ -46,6 +46,8 @@ void type(const std::string& text);
 /// isn't within the deadline.
 Rectangle window_titled(const std::string& title);
 bool is_shown(const std::string& title);
+/// Title of the topmost window at a point; empty where there is none.
+std::string title_at(Point at);
 /// As the window manager does when its close button is used.
 void close_window(const std::string& title);
 /// Cuts the connection of the program that owns the window, as a server that ends does.
