@@ -70,8 +70,15 @@ void push_button(const MessageRecord& message) {
     }
 }
 
+void close_window(int window) {
+    if (window == 0)
+        state.ended = true;
+    else if (window == 1)
+        windowclosechild(child_window);
+}
+
 /// Any button, field and window: the message's own are not looked at. Menu and toolbar items have
-/// no commands yet, and there are no text windows whose close could be asked for.
+/// no commands yet.
 void act(int type, const MessageRecord& message) {
     switch (type) {
         case PushButton:
@@ -91,7 +98,7 @@ void act(int type, const MessageRecord& message) {
             refresh_screen_size();
             break;
         case CloseRequest:
-            if (message.WIN == 0) state.ended = true;
+            close_window(message.WIN);
             break;
         case FieldChanged:
             get_fields(message.WIN, message.VALUE2);

@@ -13,6 +13,7 @@ constinit Vector3f drag_start_point;
 constinit Vector3f drag_end_point;
 constinit int last_mouse_x = 0;
 constinit int last_mouse_y = 0;
+constinit int child_window = 0;
 
 FixedText<256> file_name_from_command_line(int argc, const char* const* argv) {
     std::string name;

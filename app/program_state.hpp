@@ -19,6 +19,8 @@ extern Vector3f drag_start_point;  ///< on the trackball's hemisphere, of the la
 extern Vector3f drag_end_point;    ///< the same, of the present step
 extern int last_mouse_x;           ///< pixels, y downward, of the last step
 extern int last_mouse_y;
+/// The one further window, for text; 0 while there is none.
+extern int child_window;
 
 /// The whole command line as a file name; ".gwr" is added unless it stands somewhere in the name,
 /// in any case. All words belong to the name. Blank without arguments.
