@@ -158,13 +158,16 @@ FieldRecord& tab_target(FieldRecord& field) {
     return field;
 }
 
-void append_stops(DialogRecord& dialog, std::vector<FieldRecord*>& stops) {
+/// The fields that the Tab key stops at, and among them `from`, which needs no tab stop: a click
+/// gives the focus to any field.
+void append_stops(DialogRecord& dialog, const FieldRecord* from, std::vector<FieldRecord*>& stops) {
     for (FieldRecord& field : dialog.fields) {
-        if (field.has_style(field_style::tab_stop) && can_focus(field))
+        const bool here = &field == from && field.type != FieldType::Radio;
+        if ((here || field.has_style(field_style::tab_stop)) && can_focus(field))
             stops.push_back(&tab_target(field));
         if (field.type != FieldType::Tab || field.pages.empty()) continue;
         const int slot = field.pages[static_cast<std::size_t>(field.front_page)].slot;
-        if (slot >= 0) append_stops(wDialogInfo[static_cast<std::size_t>(slot)], stops);
+        if (slot >= 0) append_stops(wDialogInfo[static_cast<std::size_t>(slot)], from, stops);
     }
 }
 
@@ -182,7 +185,7 @@ bool stands_for(FieldRecord& stop, FieldRecord& field) {
 /// first.
 void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward) {
     std::vector<FieldRecord*> stops;
-    append_stops(outermost(dialog), stops);
+    append_stops(outermost(dialog), from, stops);
     if (stops.empty()) return;
     if (!forward) std::ranges::reverse(stops);
     auto here = std::ranges::find_if(
@@ -380,7 +383,12 @@ void install(Widget widget, const std::string& keys) {
 }  // namespace
 
 void watch_field(FieldRecord& field) {
-    if (!field.focus_widget) return;
+    // Where no field of the dialog can have the focus, the keys come to what is under the pointer.
+    if (!field.focus_widget) {
+        for (const Widget widget : {field.position_widget, field.widget})
+            install(widget, std::string(field_keys) + dialog_keys);
+        return;
+    }
     install(field.focus_widget, keys_of(field));
     XtAddEventHandler(field.focus_widget, FocusChangeMask, False, yyDGFieldChangeFocusEH, &field);
 }
@@ -407,7 +415,7 @@ void move_focus(FieldRecord& field) {
 
 FieldRecord* first_focus(DialogRecord& dialog) {
     std::vector<FieldRecord*> stops;
-    append_stops(dialog, stops);
+    append_stops(dialog, nullptr, stops);
     if (!stops.empty()) return stops.front();
     const auto any = std::ranges::find_if(dialog.fields, can_focus);
     return any == dialog.fields.end() ? nullptr : &*any;

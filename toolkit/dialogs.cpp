@@ -109,7 +109,7 @@ void restack_all(DialogRecord& dialog) {
 /// Motif gives the focus to it once the shell has the keyboard.
 void focus_at_start(DialogRecord& dialog, int field) {
     FieldRecord* wanted = field != 0 ? find_field(dialog, field) : nullptr;
-    if (!wanted || !can_focus(*wanted)) wanted = field == 0 ? first_focus(dialog) : nullptr;
+    if (!wanted || !can_focus(*wanted)) wanted = first_focus(dialog);
     if (!wanted) return;
     XtVaSetValues(dialog.widget, XmNinitialFocus, wanted->focus_widget, nullptr);
     move_focus(*wanted);
@@ -152,8 +152,10 @@ void map_dialog(DialogRecord& dialog, int x, int y, int field, int mode) {
     focus_at_start(dialog, field);
 }
 
-void run_modal(DialogRecord& dialog) {
+void run_modal(DialogRecord& dialog, int x, int y, int field) {
+    // Taken with the dialog on the screen the pictures would lack what it covers.
     yygetwindowbitmap(true);
+    map_dialog(dialog, x, y, field, DialogModal);
     yyMSModalMessageLoop(dialog.widget, slot_of(dialog));
     yygetwindowbitmap(false);
     hide_dialog_record(dialog);
@@ -463,10 +465,9 @@ void wdialogshow(int x, int y, int field, int mode) {
         if (const int error = child_error()) return yyerror(error, "WDialogShow");
     const bool was_shown = dialog->shown();
     mode = was_shown ? mode : allowed_mode(mode);
+    if (mode == DialogModal && !was_shown) return run_modal(*dialog, x, y, field);
     map_dialog(*dialog, x, y, field, mode);
-    if (was_shown) return;
-    if (mode == DialogSemiModal) yyMSSemiAddRemove(1, 2, slot_of(*dialog));
-    if (mode == DialogModal) run_modal(*dialog);
+    if (mode == DialogSemiModal && !was_shown) yyMSSemiAddRemove(1, 2, slot_of(*dialog));
 }
 
 void wdialoghide() {

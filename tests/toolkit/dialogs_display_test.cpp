@@ -289,6 +289,32 @@ TEST_F(DialogsDisplay, TabGoesAroundTheFields) {
     expect_move(105, 1029, 1039);
 }
 
+TEST_F(DialogsDisplay, TabGoesOnFromAFieldThatIsNoStop) {
+    wdialogselect(101);
+    wdialogsetfield(1006);
+    drain();
+    key("Tab");
+    expect_move(101, 1006, 1208);
+}
+
+TEST_F(DialogsDisplay, AFieldThatCannotHaveTheFocusLeavesItToTheFirst) {
+    wdialogload(105);
+    wdialogshow(-1, -1, 1028);
+    window_titled("Cell parameters...");
+    poll_until([] { return winfodialog(2) == 1029; });
+}
+
+TEST_F(DialogsDisplay, AReadOnlySpinnerDoesNotStep) {
+    show(103);
+    wdialogfieldstate(1015, FieldReadOnly);
+    const Box& spin = field(103, 1015).box;
+    click(spot(103, 1015, spin.width / 2 - 7, -spin.height / 4));
+    key("Up");
+    settle();
+    drain();
+    EXPECT_EQ(text_of(103, 1015), "0.00");
+}
+
 TEST_F(DialogsDisplay, TabReachesThePageInFrontAndStopsAtTheSetRadio) {
     wdialogload(107);
     wdialogputtab(1072, 114);
@@ -327,6 +353,17 @@ TEST_F(DialogsDisplay, ReturnIsOkEscapeAndCloseAreCancel) {
     show(108);  // a dialog without anything that could have the focus
     key("Escape");
     expect_button(108, 2);
+}
+
+TEST_F(DialogsDisplay, ADialogWithNothingToFocusTakesReturnAndEscape) {
+    show(108);
+    for (const int under_pointer : {1045, 1048, 1054}) {
+        move_to(spot(108, under_pointer));
+        key("Return");
+        expect_button(108, 1);
+        key("Escape");
+        expect_button(108, 2);
+    }
 }
 
 TEST_F(DialogsDisplay, TheDefaultButtonTakesReturn) {

@@ -225,7 +225,7 @@ SpinSetup spin_setup(Widget spin) {
 Widget spin_text(Widget spin) { return head(spin).spin.text; }
 
 void spin_step(Widget spin, int direction, bool big) {
-    if (!XtIsSensitive(spin)) return;
+    if (!XtIsSensitive(spin) || !XmTextFieldGetEditable(head(spin).spin.text)) return;
     const SpinSetup setup = spin_setup(spin);
     // A text that is no number steps from 0.
     const double value = number_field::to_double(text_of(spin)).value_or(0.0);
