@@ -555,6 +555,27 @@ TEST_F(DialogsDisplay, ATabChangesItsPageUnlessANumberIsBad) {
     EXPECT_TRUE(bInvalidField);
 }
 
+TEST_F(DialogsDisplay, ArrowKeysChangeThePageOfATabAndTheCellOfAGrid) {
+    show(107);
+    wdialogsetfield(1072);
+    drain();
+    key("Left");
+    EXPECT_EQ(wait_for(TabChanged).VALUE2, 113) << "around to the last";
+    key("Right");
+    EXPECT_EQ(wait_for(TabChanged).VALUE2, 109);
+
+    show(102);
+    wgridrows(1012, 3);
+    wdialogsetfield(1012);
+    drain();
+    key("Down");
+    const MessageRecord message = wait_for(FieldChanged);
+    EXPECT_EQ(message.VALUE1, 1012);
+    EXPECT_EQ(message.VALUE2, 1012);
+    EXPECT_EQ(message.X, (1 << 18) | 1) << "first row";
+    EXPECT_EQ(message.Y, (2 << 18) | 1) << "second row";
+}
+
 TEST_F(DialogsDisplay, AModalDialogReturnsItsButton) {
     wdialogload(103);
     XtAppAddTimeOut(

@@ -126,10 +126,11 @@ inline XmManagerClassPart manager_part() {
             .extension = nullptr};
 }
 
+/// Without Motif's traversal keys: they would come on top of what a class does with the arrow keys.
 inline XmPrimitiveClassPart primitive_part() {
     return {.border_highlight = XmInheritBorderHighlight,
             .border_unhighlight = XmInheritBorderUnhighlight,
-            .translations = XtInheritTranslations,
+            .translations = nullptr,
             .arm_and_activate = nullptr,
             .syn_resources = nullptr,
             .num_syn_resources = 0,
