@@ -13,7 +13,7 @@
 
 #include "toolkit/resource/generator/image_file.hpp"
 #include "toolkit/resource/generator/reader.hpp"
-#include "toolkit/resource_image.hpp"
+#include "toolkit/resource/resource_image.hpp"
 
 namespace {
 

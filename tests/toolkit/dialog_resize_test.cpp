@@ -1,4 +1,4 @@
-#include "toolkit/dialog_resize.hpp"
+#include "toolkit/dialogs/dialog_resize.hpp"
 
 #include <gtest/gtest.h>
 

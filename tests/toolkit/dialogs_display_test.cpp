@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "toolkit/dialogs.hpp"
-#include "toolkit/errors.hpp"
-#include "toolkit/start.hpp"
+#include "toolkit/base/errors.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/dialogs/dialogs.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/widgets/combo.hpp"
 

@@ -1,4 +1,4 @@
-#include "toolkit/errors.hpp"
+#include "toolkit/base/errors.hpp"
 
 #include <gtest/gtest.h>
 

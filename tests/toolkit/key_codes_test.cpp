@@ -1,4 +1,4 @@
-#include "toolkit/key_codes.hpp"
+#include "toolkit/messages/key_codes.hpp"
 
 #include <gtest/gtest.h>
 

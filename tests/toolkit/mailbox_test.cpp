@@ -1,4 +1,4 @@
-#include "toolkit/mailbox.hpp"
+#include "toolkit/messages/mailbox.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/display_input.hpp"
-#include "toolkit/modal.hpp"
-#include "toolkit/start.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"
-#include "toolkit/timers.hpp"
 
 #include <algorithm>
 #include <chrono>

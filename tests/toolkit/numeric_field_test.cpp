@@ -1,4 +1,4 @@
-#include "toolkit/numeric_field.hpp"
+#include "toolkit/widgets/numeric_field.hpp"
 
 #include <gtest/gtest.h>
 

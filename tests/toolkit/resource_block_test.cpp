@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/resource_image.hpp"
 
 namespace {
 

@@ -1,10 +1,10 @@
 /// Images of the resource block as the server holds them.
 #include <gtest/gtest.h>
 
+#include "toolkit/base/resource_pixmap.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/resource_image.hpp"
-#include "toolkit/resource_pixmap.hpp"
-#include "toolkit/start.hpp"
 #include "toolkit/tesserakit.hpp"
 
 #include <X11/Xutil.h>

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/rows.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/resource_image.hpp"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // X has macros that GoogleTest does not compile behind.
 #include <gtest/gtest.h>
 
-#include "toolkit/start.hpp"
+#include "toolkit/base/start.hpp"
 #include "toolkit/tesserakit.hpp"
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "toolkit/tesser_ini.hpp"
+#include "toolkit/base/tesser_ini.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "toolkit/window_layout.hpp"
+#include "toolkit/windows/window_layout.hpp"
 
 #include "toolkit/tesserakit.hpp"
 

@@ -1,6 +1,6 @@
 #include "tests/support/display_input.hpp"
-#include "toolkit/gl_text.hpp"
 #include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/gl_text.hpp"
 
 #include <gtest/gtest.h>
 

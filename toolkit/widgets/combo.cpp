@@ -1,6 +1,6 @@
 #include "toolkit/widgets/combo_p.hpp"
 
-#include "toolkit/start.hpp"
+#include "toolkit/base/start.hpp"
 
 #include <Xm/List.h>
 #include <Xm/TextF.h>

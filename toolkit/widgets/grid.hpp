@@ -4,7 +4,7 @@
 /// is framed, and typing edits it.
 #pragma once
 
-#include "toolkit/fonts.hpp"
+#include "toolkit/base/fonts.hpp"
 
 #include <X11/Intrinsic.h>
 

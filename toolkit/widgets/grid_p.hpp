@@ -2,7 +2,7 @@
 
 #include "toolkit/widgets/class_record.hpp"
 #include "toolkit/widgets/grid.hpp"
-#include "toolkit/window_layout.hpp"
+#include "toolkit/windows/window_layout.hpp"
 
 namespace tesserakit {
 

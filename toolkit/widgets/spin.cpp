@@ -1,8 +1,8 @@
 #include "toolkit/widgets/spin_p.hpp"
 
 #include "common/number_field.hpp"
-#include "toolkit/numeric_field.hpp"
-#include "toolkit/start.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/widgets/numeric_field.hpp"
 
 #include <Xm/TextF.h>
 

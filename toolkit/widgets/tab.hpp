@@ -3,8 +3,8 @@
 /// The pages are no children of it; they stand in front of its frame.
 #pragma once
 
-#include "toolkit/fonts.hpp"
-#include "toolkit/window_layout.hpp"
+#include "toolkit/base/fonts.hpp"
+#include "toolkit/windows/window_layout.hpp"
 
 #include <X11/Intrinsic.h>
 

@@ -1,0 +1,151 @@
+#include "toolkit/base/fonts.hpp"
+
+#include "common/number_field.hpp"
+#include "toolkit/base/start.hpp"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace tesserakit {
+
+namespace {
+
+constexpr char first_printable = 32;
+constexpr char last_printable = 126;
+
+// Motif's argument types name no const.
+char* text(const std::string& value) { return const_cast<char*>(value.c_str()); }
+
+class Arguments {
+public:
+    void add(const char* name, XtArgVal value) {
+        args_[count_++] = {const_cast<char*>(name), value};
+    }
+    Arg* data() { return args_.data(); }
+    Cardinal size() const { return static_cast<Cardinal>(count_); }
+
+private:
+    std::array<Arg, 8> args_{};
+    std::size_t count_ = 0;
+};
+
+/// "Family-size:style": the size in points and the style may be left out.
+struct ScalableName {
+    std::string family;
+    int size = 10;
+    std::string style;
+};
+
+ScalableName scalable_name(const std::string& name) {
+    ScalableName parts;
+    const std::size_t colon = name.find(':');
+    if (colon != std::string::npos) parts.style = name.substr(colon + 1);
+    const std::string before = name.substr(0, colon);
+    const std::size_t dash = before.rfind('-');
+    const auto size = dash == std::string::npos
+                          ? std::optional<int>{}
+                          : number_field::to_int(std::string_view(before).substr(dash + 1));
+    parts.family = size ? before.substr(0, dash) : before;
+    if (size) parts.size = std::clamp(*size, 4, 200);
+    return parts;
+}
+
+/// X font names have fields, aliases have no size behind a dash.
+bool is_x_font(const std::string& name) {
+    return name.starts_with('-') || name.find('-') == std::string::npos;
+}
+
+XmRenderTable table_of(Arguments& args) {
+    XmRendition rendition = XmRenditionCreate(yydisplay.root_widget, text(XmFONTLIST_DEFAULT_TAG),
+                                              args.data(), args.size());
+    XmRenderTable table = XmRenderTableAddRenditions(nullptr, &rendition, 1, XmMERGE_REPLACE);
+    XmRenditionFree(rendition);
+    return table;
+}
+
+XmRenderTable x_font_table(const std::string& name) {
+    XFontStruct* font = XLoadQueryFont(yydisplay.display, name.c_str());
+    if (!font) return nullptr;
+    Arguments args;
+    args.add(XmNfontType, XmFONT_IS_FONT);
+    args.add(XmNfont, reinterpret_cast<XtArgVal>(font));
+    args.add(XmNloadModel, XmLOAD_IMMEDIATE);
+    return table_of(args);
+}
+
+XmRenderTable scalable_table(const std::string& name) {
+    const ScalableName parts = scalable_name(name);
+    Arguments args;
+    args.add(XmNfontType, XmFONT_IS_XFT);
+    args.add(XmNfontName, reinterpret_cast<XtArgVal>(text(parts.family)));
+    args.add(XmNfontSize, parts.size);
+    if (!parts.style.empty()) args.add(XmNfontStyle, reinterpret_cast<XtArgVal>(text(parts.style)));
+    args.add(XmNloadModel, XmLOAD_IMMEDIATE);
+    return table_of(args);
+}
+
+/// A compound string that lives as long as its scope.
+class CompoundText {
+public:
+    explicit CompoundText(std::string_view value)
+        : value_(XmStringCreateLocalized(text(std::string(value)))) {}
+    ~CompoundText() { XmStringFree(value_); }
+    CompoundText(const CompoundText&) = delete;
+    CompoundText& operator=(const CompoundText&) = delete;
+    XmString get() const { return value_; }
+
+private:
+    XmString value_;
+};
+
+FontMeasures measure(const TextFont& font) {
+    const CompoundText all("Ag");
+    Dimension width = 0;
+    Dimension height = 0;
+    XmStringExtent(font.table, all.get(), &width, &height);
+    FontMeasures measures;
+    measures.ascent = XmStringBaseline(font.table, all.get());
+    measures.descent = std::max(0, height - measures.ascent);
+    measures.smallest_width = std::numeric_limits<int>::max();
+    for (char c = first_printable; c <= last_printable; ++c) {
+        const int own = text_width(font, std::string(1, c));
+        measures.smallest_width = std::min(measures.smallest_width, own);
+        measures.largest_width = std::max(measures.largest_width, own);
+    }
+    return measures;
+}
+
+}  // namespace
+
+TextFont load_font(const std::string& name) {
+    TextFont font;
+    font.table = is_x_font(name) ? x_font_table(name) : scalable_table(name);
+    if (!font.table) font.table = x_font_table("fixed");
+    if (!font.table) font.table = scalable_table("Sans-10");
+    if (font.table) font.measures = measure(font);
+    return font;
+}
+
+void free_font(TextFont& font) {
+    if (font.table) XmRenderTableFree(font.table);
+    font = {};
+}
+
+int text_width(const TextFont& font, std::string_view value) {
+    if (value.empty() || !font.table) return 0;
+    return XmStringWidth(font.table, CompoundText(value).get());
+}
+
+void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseline,
+               std::string_view value) {
+    if (value.empty() || !font.table) return;
+    const CompoundText string(value);
+    const int top = baseline - XmStringBaseline(font.table, string.get());
+    XmStringDraw(yydisplay.display, drawable, font.table, string.get(), gc,
+                 static_cast<Position>(x), static_cast<Position>(top),
+                 static_cast<Dimension>(XmStringWidth(font.table, string.get())),
+                 XmALIGNMENT_BEGINNING, XmSTRING_DIRECTION_L_TO_R, nullptr);
+}
+
+}  // namespace tesserakit

@@ -1,0 +1,170 @@
+#include "toolkit/base/start.hpp"
+#include "toolkit/dialogs/dialog_resize.hpp"
+#include "toolkit/dialogs/dialogs.hpp"
+
+namespace tesserakit {
+namespace {
+
+std::size_t size_of(int count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
+
+struct FieldColumns {
+    explicit FieldColumns(std::size_t count)
+        : identifier(count),
+          type(count),
+          x(count),
+          y(count),
+          width(count),
+          height(count),
+          style(count),
+          extended_style(count),
+          third_style(count),
+          text_offset(count) {}
+
+    std::vector<int> identifier, type, x, y, width, height, style, extended_style, third_style,
+        text_offset;
+    std::vector<char> text;
+};
+
+FieldColumns load_columns(int dialog, int count) {
+    FieldColumns columns(size_of(count));
+    int text_size = 0;
+    yyrcfieldcheck(dialog, text_size);
+    columns.text.resize(size_of(text_size) + 1, '\0');
+    yyrcfieldload(dialog, columns.identifier, columns.type, columns.x, columns.y, columns.width,
+                  columns.height, columns.style, columns.extended_style, columns.third_style,
+                  columns.text_offset, columns.text);
+    return columns;
+}
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// yyDGStringGetMnemonic: "&" marks the letter behind it, "&&" stands for one "&".
+void take_mnemonic(FieldRecord& field) {
+    std::string plain;
+    for (std::size_t i = 0; i < field.text.size(); ++i) {
+        if (field.text[i] == '&' && i + 1 < field.text.size()) {
+            ++i;
+            if (field.text[i] != '&' && field.mnemonic == 0) {
+                field.underlined = static_cast<int>(plain.size());
+                field.mnemonic = lower(field.text[i]);
+            }
+        }
+        plain += field.text[i];
+    }
+    field.text = plain;
+}
+
+bool shows_its_text(FieldType type) {
+    return FieldTypes{FieldType::Label, FieldType::Group, FieldType::Button, FieldType::Check,
+                      FieldType::Radio}
+        .has(type);
+}
+
+void load_mnemonic(int dialog, FieldRecord& field) {
+    if (shows_its_text(field.type)) take_mnemonic(field);
+    int character = 0;
+    yyrcfieldshortcut(dialog, field.identifier, character);
+    if (character > ' ' && character < 127) field.mnemonic = lower(static_cast<char>(character));
+}
+
+void load_numeric(int dialog, FieldRecord& field) {
+    if (!numeric_fields.has(field.type)) return;
+    field.numeric = std::make_unique<NumericField>();
+    NumericField& numeric = *field.numeric;
+    numeric.type = field.type == FieldType::Integer ? NumericType::Integer
+                   : field.type == FieldType::Real  ? NumericType::Real
+                                                    : NumericType::Double;
+    yyrcfieldrange(dialog, field.identifier, numeric.low, numeric.high);
+    int length = 0;
+    yyrcfieldformatcheck(dialog, field.identifier, length);
+    numeric.format.assign(size_of(length), ' ');
+    yyrcfieldformatload(dialog, field.identifier, numeric.format);
+    if (const auto value = number_of(numeric.type, field.text)) {
+        numeric.last_valid = *value;
+        numeric.defined = true;
+    }
+}
+
+void load_pages(int dialog, FieldRecord& field) {
+    if (field.type != FieldType::Tab) return;
+    int count = 0;
+    int text_size = 0;
+    yyrcfieldtabcheck(dialog, field.identifier, count, text_size);
+    int selected = 0;
+    std::vector<int> dialogs(size_of(count));
+    std::vector<int> offsets(size_of(count) + 1);
+    std::string text(size_of(text_size), ' ');
+    yyrcfieldtabload(dialog, field.identifier, selected, dialogs, offsets, text);
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        const auto start = static_cast<std::size_t>(offsets[i]);
+        const auto end = static_cast<std::size_t>(offsets[i + 1]);
+        field.pages.push_back({dialogs[i], text.substr(start, end - start), -1});
+        if (dialogs[i] == selected) field.front_page = static_cast<int>(i);
+    }
+}
+
+FieldRecord field_record(DialogRecord& dialog, const FieldColumns& columns, std::size_t i) {
+    FieldRecord field;
+    field.identifier = columns.identifier[i];
+    field.type = static_cast<FieldType>(columns.type[i]);
+    field.dialog = &dialog;
+    field.loaded_box = {pixels_across(columns.x[i]), pixels_down(columns.y[i]),
+                        pixels_across(columns.width[i]), pixels_down(columns.height[i])};
+    field.box = field.loaded_box;
+    field.right_margin = dialog.width - field.box.x - field.box.width;
+    field.bottom_margin = dialog.height - field.box.y - field.box.height;
+    field.style = columns.style[i];
+    field.extended_style = columns.extended_style[i];
+    field.third_style = columns.third_style[i];
+    if (columns.text_offset[i] >= 0)
+        field.text = columns.text.data() + static_cast<std::size_t>(columns.text_offset[i]);
+    int set = 0;
+    yyrcfieldcheckbox(dialog.identifier, field.identifier, set);
+    field.initially_set = set != 0;
+    load_mnemonic(dialog.identifier, field);
+    load_numeric(dialog.identifier, field);
+    load_pages(dialog.identifier, field);
+    return field;
+}
+
+void set_resize_masks(DialogRecord& dialog) {
+    if (dialog.resize_field == 0) return;
+    std::vector<Box> boxes;
+    std::size_t resize = dialog.fields.size();
+    for (const FieldRecord& field : dialog.fields) {
+        if (field.identifier == dialog.resize_field) resize = boxes.size();
+        boxes.push_back(field.box);
+    }
+    if (resize == dialog.fields.size()) return;
+    const std::vector<int> masks =
+        resize_masks(boxes, resize, (dialog.flags & dialog_flag::keep_edges) != 0);
+    for (std::size_t i = 0; i < masks.size(); ++i) dialog.fields[i].resize_mask = masks[i];
+}
+
+}  // namespace
+
+int pixels_across(int units) { return units * dialog_units.horizontal / 4; }
+int pixels_down(int units) { return units * dialog_units.vertical / 8; }
+
+bool load_records(DialogRecord& dialog, int identifier) {
+    int count = 0;
+    int title_length = 0;
+    yyrcdialogcheck(identifier, count, title_length);
+    if (count < 0) return false;
+    dialog.identifier = identifier;
+    dialog.title.assign(size_of(title_length), ' ');
+    yyrcdialogload(identifier, dialog.width, dialog.height, dialog.style, dialog.flags,
+                   dialog.resize_field, count, dialog.title);
+    dialog.width = pixels_across(dialog.width);
+    dialog.height = pixels_down(dialog.height);
+    dialog.original_width = dialog.width;
+    dialog.original_height = dialog.height;
+    const FieldColumns columns = load_columns(identifier, count);
+    dialog.fields.reserve(size_of(count));
+    for (std::size_t i = 0; i < size_of(count); ++i)
+        dialog.fields.push_back(field_record(dialog, columns, i));
+    set_resize_masks(dialog);
+    return true;
+}
+
+}  // namespace tesserakit

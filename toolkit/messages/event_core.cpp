@@ -1,0 +1,381 @@
+// One X event becomes at most one message. Each handler fills wXtMesg and answers the message's
+// type, or 0; a message of a disabled type is never written, so that what a callback has posted
+// stays as it is.
+
+#include "toolkit/base/errors.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/messages/key_codes.hpp"
+#include "toolkit/messages/messages.hpp"
+#include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/timers.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <X11/Xutil.h>
+#include <X11/keysym.h>
+#include <Xm/Xm.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tesserakit {
+
+constinit bool bPointerGrabbed = false;
+
+namespace {
+
+constexpr int help_button = 9;
+constexpr std::int32_t double_click_ms = 500;
+
+struct State {
+    Time iLastClickTime = 0;
+    unsigned iLastClickButton = 0;
+};
+constinit State state{};
+
+std::int32_t server_time(Time time) { return static_cast<std::int32_t>(time); }
+
+int put_message(const Mail& mail) {
+    if (!message_enabled(mail.type)) return 0;
+    wXtMesg = mail;
+    return mail.type;
+}
+
+WindowSlot& slot_of(const WindowOwner& owner) {
+    return windows[static_cast<std::size_t>(owner.window)];
+}
+
+// Keys
+
+struct Key {
+    KeySym keysym = 0;
+    std::array<char, 20> text{};
+    int length = 0;
+};
+
+Key look_up(XKeyEvent& event) {
+    Key key;
+    key.length = XLookupString(&event, key.text.data(), static_cast<int>(key.text.size()),
+                               &key.keysym, nullptr);
+    return key;
+}
+
+/// The dialog that a key is typed in: the innermost around the window, or the one that fills it.
+DialogPlace dialog_of_key(const WindowOwner& owner) {
+    if (owner.dialog.slot >= 0 || owner.window < 0) return owner.dialog;
+    const int hosted = slot_of(owner).dialog;
+    return hosted >= 0 ? yyDGplace(yyDGwidget(hosted)) : DialogPlace{};
+}
+
+int ask_for_help(const DialogPlace& dialog, const XKeyEvent& event) {
+    yyDGSendTesserakitMessage(yyDGposting(dialog.slot),
+                              {.type = PushButton,
+                               .value1 = help_button,
+                               .value2 = dialog.field != 0 ? dialog.field : help_button,
+                               .value3 = -1,
+                               .value4 = -1,
+                               .x = -1,
+                               .y = -1,
+                               .win = dialog.identifier,
+                               .time = server_time(event.time)});
+    return pending_type();
+}
+
+int select_by_key(const XKeyEvent& event, int window, int item) {
+    return put_message({.type = MenuSelect,
+                        .value1 = item,
+                        .x = event.x,
+                        .y = event.y,
+                        .win = window,
+                        .time = server_time(event.time)});
+}
+
+int key_down(const XKeyEvent& event, const Key& key, int window) {
+    const int code = yyMSInterpretKey(
+        key.keysym, std::string_view(key.text.data(), static_cast<std::size_t>(key.length)),
+        (event.state & ShiftMask) != 0, (event.state & ControlMask) != 0);
+    if (code == 0) return 0;
+    return put_message({.type = KeyDown,
+                        .value1 = code,
+                        .value2 = wXtMesg.value2,
+                        .x = event.x,
+                        .y = event.y,
+                        .win = window,
+                        .time = server_time(event.time)});
+}
+
+int key_press(XEvent& event) {
+    const WindowOwner owner = yygetparenthandle(event.xkey.window);
+    const Key key = look_up(event.xkey);
+    const DialogPlace dialog = dialog_of_key(owner);
+    if (dialog.slot >= 0 && (key.keysym == XK_F1 || key.keysym == XK_KP_F1))
+        return ask_for_help(dialog, event.xkey);
+    if (owner.window < 0) return 0;
+    int item = yymninterpretkey(key.keysym, owner.window, event.xkey.state);
+    if (item == 0) item = yyacinterpretkey(key.keysym, owner.window, event.xkey.state);
+    if (item != 0) return select_by_key(event.xkey, owner.window, item);
+    if (slot_of(owner).type != WindowType::Plain || owner.dialog.slot >= 0) return 0;
+    return key_down(event.xkey, key, owner.window);
+}
+
+// Pointer
+
+/// MouseButDown or MouseButDblClick; the time of every press counts, also of a double click's.
+int press_type(const XButtonEvent& event) {
+    const bool again = event.button == state.iLastClickButton &&
+                       event.time - state.iLastClickTime < double_click_ms;
+    state.iLastClickTime = event.time;
+    state.iLastClickButton = event.button;
+    return again && message_enabled(MouseButDblClick) ? MouseButDblClick : MouseButDown;
+}
+
+Mail button_mail(const XButtonEvent& event) {
+    return {.type = event.type == ButtonPress ? press_type(event) : int{MouseButUp},
+            .value1 = static_cast<std::int32_t>(event.button),
+            .value2 = yymousemodifiers(event.state),
+            .x = event.x,
+            .y = event.y,
+            .time = server_time(event.time)};
+}
+
+Mail motion_mail(const XMotionEvent& event) {
+    return {.type = MouseMove,
+            .value1 = wXtMesg.value1,
+            .value2 = yymousemodifiers(event.state),
+            .x = event.x,
+            .y = event.y,
+            .time = server_time(event.time)};
+}
+
+Mail from_window(Mail mail, int window) {
+    mail.value3 = SourceWindow;
+    mail.win = window;
+    return mail;
+}
+
+Mail from_field(Mail mail, const DialogPlace& place) {
+    mail.value3 = SourceField;
+    mail.value4 = place.field;
+    mail.win = place.identifier;
+    return mail;
+}
+
+void take_focus(const WindowSlot& slot, Time time) {
+    XSetInputFocus(yydisplay.display, slot.client, RevertToParent, time);
+    XmProcessTraversal(slot.client_widget, XmTRAVERSE_CURRENT);
+}
+
+int button(XEvent& event) {
+    const bool press = event.type == ButtonPress;
+    bPointerGrabbed = press;
+    const WindowOwner owner = yygetparenthandle(event.xbutton.window);
+    if (press && yymninterpretbutton(event.xbutton, owner.window)) return 0;
+    if (press && yymenuactive()) yymndeactivate();
+    if (owner.kind != WindowKind::Client) return 0;
+    if (press) take_focus(slot_of(owner), event.xbutton.time);
+    return put_message(from_window(button_mail(event.xbutton), owner.window));
+}
+
+int motion(XEvent& event) {
+    const WindowOwner owner = yygetparenthandle(event.xmotion.window);
+    if (owner.kind != WindowKind::Client) return 0;
+    return put_message(from_window(motion_mail(event.xmotion), owner.window));
+}
+
+/// yyFocusToSubWin: the window manager gives the focus to the shell, keys are read in the client.
+int focus_in(XEvent& event) {
+    const XFocusChangeEvent& focus = event.xfocus;
+    if (focus.mode != NotifyNormal && focus.mode != NotifyGrab && focus.mode != NotifyUngrab)
+        return 0;
+    const WindowOwner owner = yygetparenthandle(focus.window);
+    if (owner.window < 0 || owner.kind != WindowKind::Frame) return 0;
+    const WindowSlot& slot = slot_of(owner);
+    if (focus.window == slot.shell && slot.type == WindowType::Plain &&
+        focus.detail != NotifyInferior)
+        take_focus(slot, CurrentTime);
+    return 0;
+}
+
+// Damage and size
+
+Mail expose_mail(const XExposeEvent& event) {
+    return {.type = ExposeMessage,
+            .value1 = event.width,
+            .value2 = event.height,
+            .x = event.x,
+            .y = event.y};
+}
+
+/// All damage of an event's window as one rectangle; false when the toolkit repaired it itself.
+bool damage(XExposeEvent& event) {
+    XFlush(yydisplay.display);
+    XSync(yydisplay.display, False);
+    yyclearevents(event);
+    return !repair_from_snapshot(event.window, event);
+}
+
+int expose(XEvent& event) {
+    const WindowOwner owner = yygetparenthandle(event.xexpose.window);
+    switch (owner.kind) {
+        case WindowKind::Client:
+            if (!damage(event.xexpose)) return 0;
+            return put_message(from_window(expose_mail(event.xexpose), owner.window));
+        case WindowKind::MenuBar:
+            yymndraw(owner.window);
+            return 0;
+        case WindowKind::StatusBar:
+            yystatusbardraw(owner.window);
+            return 0;
+        default:
+            return 0;
+    }
+}
+
+/// The content's place on the screen: a reparented window's own events count from its frame.
+void store_position(WindowSlot& slot) {
+    Window child = 0;
+    XTranslateCoordinates(yydisplay.display, slot.shell, yydisplay.root, 0, 0, &slot.x, &slot.y,
+                          &child);
+}
+
+int window_configured(WindowSlot& slot, int window, const XConfigureEvent& event) {
+    store_position(slot);
+    if (!yywindowresize(window, event.width, event.height)) return 0;
+    XClearWindow(yydisplay.display, slot.client);
+    if (slot.type == WindowType::Editor) return 0;
+    return put_message({.type = Resize,
+                        .value1 = slot.width,
+                        .value2 = slot.height,
+                        .x = slot.x,
+                        .y = slot.y,
+                        .win = window});
+}
+
+int dialog_configured(const DialogPlace& dialog, const XConfigureEvent& event) {
+    if (!yyDGshellresized(dialog.slot, event.width, event.height)) return 0;
+    return put_message({.type = Resize,
+                        .value1 = event.width,
+                        .value2 = event.height,
+                        .value3 = SourceField,
+                        .x = event.x,
+                        .y = event.y,
+                        .win = dialog.identifier});
+}
+
+int configure(XEvent& event) {
+    const Widget widget = XtWindowToWidget(yydisplay.display, event.xconfigure.window);
+    if (!widget || !XtIsShell(widget)) return 0;
+    const WindowOwner owner = yygetparenthandle(event.xconfigure.window);
+    if (owner.window < 0 && owner.dialog.slot < 0) return 0;
+    XFlush(yydisplay.display);
+    XSync(yydisplay.display, False);
+    yyclearevents(event.xconfigure);
+    return owner.window >= 0 ? window_configured(slot_of(owner), owner.window, event.xconfigure)
+                             : dialog_configured(owner.dialog, event.xconfigure);
+}
+
+// The rest
+
+int client_message(XEvent& event) {
+    const XClientMessageEvent& message = event.xclient;
+    if (!TimerEnabled || message.format != 32 || message.data.l[0] != timer_message ||
+        message.window != windows[0].window)
+        return 0;
+    return put_message(
+        {.type = TimerExpired, .value1 = static_cast<std::int32_t>(message.data.l[1])});
+}
+
+int mapping(XEvent& event) {
+    XRefreshKeyboardMapping(&event.xmapping);
+    return 0;
+}
+
+struct Handler {
+    int type;
+    int (*handle)(XEvent&);
+};
+
+constexpr std::array handlers{
+    Handler{KeyPress, key_press},        Handler{ButtonPress, button},
+    Handler{ButtonRelease, button},      Handler{MotionNotify, motion},
+    Handler{FocusIn, focus_in},          Handler{Expose, expose},
+    Handler{ConfigureNotify, configure}, Handler{ClientMessage, client_message},
+    Handler{MappingNotify, mapping},
+};
+
+// User-drawn fields
+
+int field_motion(const XMotionEvent& event, const DialogPlace& place) {
+    Mail mail = from_field(motion_mail(event), place);
+    mail.value1 = -1;
+    return put_message(mail);
+}
+
+int field_expose(XExposeEvent& event, const DialogPlace& place) {
+    if (!damage(event)) return 0;
+    return put_message(from_field(expose_mail(event), place));
+}
+
+}  // namespace
+
+int yymousemodifiers(unsigned state_word) {
+    int bits = 0;
+    if (state_word & ControlMask) bits |= ModifierControl;
+    if (state_word & ShiftMask) bits |= ModifierShift;
+    if (state_word & Button1Mask) bits |= ModifierButton1;
+    if (state_word & Button2Mask) bits |= ModifierButton2;
+    if (state_word & Button3Mask) bits |= ModifierButton3;
+    return bits;
+}
+
+void yyclearevents(XExposeEvent& event) {
+    Region region = XCreateRegion();
+    XEvent next;
+    next.xexpose = event;
+    do {
+        XRectangle box{static_cast<short>(next.xexpose.x), static_cast<short>(next.xexpose.y),
+                       static_cast<unsigned short>(next.xexpose.width),
+                       static_cast<unsigned short>(next.xexpose.height)};
+        XUnionRectWithRegion(&box, region, region);
+    } while (XCheckTypedWindowEvent(yydisplay.display, event.window, Expose, &next));
+    XRectangle clip;
+    XClipBox(region, &clip);
+    XDestroyRegion(region);
+    event.x = clip.x;
+    event.y = clip.y;
+    event.width = clip.width;
+    event.height = clip.height;
+    event.count = 0;
+}
+
+void yyclearevents(XConfigureEvent& event) {
+    // Other structure events stay: Motif's shells follow reparenting and mapping by them.
+    XEvent next;
+    while (XCheckTypedWindowEvent(yydisplay.display, event.window, ConfigureNotify, &next))
+        event = next.xconfigure;
+}
+
+int yyMSInterpretMessageCore(XEvent& event) {
+    const auto found = std::ranges::find(handlers, event.type, &Handler::type);
+    return found == handlers.end() ? 0 : found->handle(event);
+}
+
+int yyDGInterpretToolkit(XEvent& event) {
+    const Widget widget = XtWindowToWidget(yydisplay.display, event.xany.window);
+    if (!widget) return 0;
+    const DialogPlace place = yyDGplace(widget);
+    if (place.slot < 0 || !place.user_drawn) return 0;
+    switch (event.type) {
+        case ButtonPress:
+        case ButtonRelease:
+            return put_message(from_field(button_mail(event.xbutton), place));
+        case MotionNotify:
+            return field_motion(event.xmotion, place);
+        case Expose:
+            return field_expose(event.xexpose, place);
+        default:
+            return 0;
+    }
+}
+
+}  // namespace tesserakit

@@ -1,0 +1,225 @@
+#include "toolkit/messages/messages.hpp"
+
+#include "toolkit/base/errors.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/timers.hpp"
+#include "toolkit/windows/drawables.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <algorithm>
+
+namespace tesserakit {
+
+constinit XEvent iEvent{};
+
+namespace {
+
+constexpr int idle_tick_ms = 10;
+
+// Event handler that does nothing: it stands for the events that messages are made of, so that
+// Xt's own selections on a widget don't drop them.
+void wanted(Widget, XtPointer, XEvent*, Boolean*) {}
+
+/// The low-level steps for one event; a later step sees what the earlier ones left.
+int yyMSInterpretMessageLowLevel(XEvent& event) {
+    if (const int type = yyMSInterpretMessageCore(event)) {
+        XtDispatchEvent(&event);
+        return type;
+    }
+    if (const int type = yyDGInterpretToolkit(event)) {
+        XtDispatchEvent(&event);
+        return type;
+    }
+    // Also for windows without a widget: input methods and Xt's own services look for theirs.
+    XtDispatchEvent(&event);
+    return pending_type();
+}
+
+/// One step of the pump: the type of a message, NoMessage when nothing is to be done, 0 to go on.
+int step(bool wait) {
+    const bool event = event_waiting();
+    // A timer of a widget may have posted, without an event.
+    if (const int posted = pending_type()) return posted;
+    if (event) return yyinterpretmessage();
+    if (!wait) return NoMessage;
+    yywaitdisplay(idle_tick_ms);
+    return 0;
+}
+
+Mail yydispatchmessage(bool wait) {
+    bInWMessage = true;
+    Mail mail = take_overflow();
+    if (mail.type == 0) {
+        wXtMesg = {};
+        int type = 0;
+        while (type == 0) {
+            type = step(wait);
+            // What happens in an open menu is not the application's.
+            if (yymenuactive() && type != NoMessage) {
+                wXtMesg = {};
+                type = 0;
+            }
+        }
+        mail = wXtMesg;
+        mail.type = type;
+    }
+    bInWMessage = false;
+    return mail;
+}
+
+bool pointer_or_key(int type) {
+    return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
+           type == MouseButDblClick;
+}
+
+bool has_source(int type) {
+    return pointer_or_key(type) || type == Resize || type == BitmapScrolled;
+}
+
+DrawableScope source_of(const MessageRecord& record) {
+    return record.VALUE3 == SourceField
+               ? DrawableScope(DrawableType::Field, record.VALUE4, record.WIN)
+               : DrawableScope(DrawableType::Window, record.WIN, 0);
+}
+
+void convert_position(MessageRecord& record) {
+    float gx = 0.0f;
+    float gy = 0.0f;
+    yyi2e(record.X, drawable.height - 1 - record.Y, gx, gy);
+    record.GX = graphics_word(gx);
+    record.GY = graphics_word(gy);
+    if (record.VALUE3 == SourceField) return;
+    record.X = units_from_pixels(record.X, drawable.width);
+    record.Y = units_from_pixels(record.Y, drawable.height);
+}
+
+void convert_extent(const Mail& mail, MessageRecord& record) {
+    const int right = mail.x + mail.value1 - 1;
+    const int bottom = mail.y + mail.value2 - 1;
+    float left_units = 0.0f;
+    float top_units = 0.0f;
+    float right_units = 0.0f;
+    float bottom_units = 0.0f;
+    yyi2e(mail.x, drawable.height - 1 - mail.y, left_units, top_units);
+    yyi2e(right, drawable.height - 1 - bottom, right_units, bottom_units);
+    record.GW = graphics_word(right_units - left_units);
+    record.GH = graphics_word(top_units - bottom_units);
+    if (record.VALUE3 == SourceField) return;
+    record.VALUE1 = units_from_pixels(right, drawable.width) - record.X;
+    record.VALUE2 = units_from_pixels(bottom, drawable.height) - record.Y;
+}
+
+/// Fills the record, with positions in the units of its source.
+void yyevent(const Mail& mail, MessageRecord& record) {
+    record.WIN = mail.win;
+    record.VALUE1 = mail.value1;
+    record.VALUE2 = mail.value2;
+    record.VALUE3 = mail.value3;
+    record.VALUE4 = mail.value4;
+    record.X = mail.x;
+    record.Y = mail.y;
+    record.TIME = mail.time;
+    if (!has_source(mail.type)) return;
+    const DrawableScope source = source_of(record);
+    if (pointer_or_key(mail.type)) convert_position(record);
+    if (mail.type == ExposeMessage) convert_extent(mail, record);
+}
+
+void no_message(MessageRecord& record) {
+    record.WIN = record.VALUE1 = record.VALUE2 = record.VALUE3 = record.VALUE4 = -1;
+    record.X = record.Y = record.TIME = -1;
+}
+
+void deliver(const Mail& mail, int& type, MessageRecord& record) {
+    type = mail.type;
+    if (type < 1 || type > message_types) {
+        type = NoMessage;
+        no_message(record);
+        return;
+    }
+    yyevent(mail, record);
+    // A new size of the selected drawable counts from here on.
+    if (type == Resize) refresh_drawable();
+}
+
+EventMask message_mask() {
+    EventMask mask = ButtonPressMask | FocusChangeMask;
+    if (message_enabled(KeyDown)) mask |= KeyPressMask;
+    if (message_enabled(MouseButUp)) mask |= ButtonReleaseMask;
+    if (message_enabled(MouseMove)) mask |= PointerMotionMask;
+    if (message_enabled(ExposeMessage)) mask |= ExposureMask;
+    return mask;
+}
+
+void change_active_grab() {
+    constexpr EventMask grab_bits = ButtonPressMask | ButtonReleaseMask | PointerMotionMask;
+    XChangeActivePointerGrab(yydisplay.display, static_cast<unsigned>(message_mask() & grab_bits),
+                             0, CurrentTime);
+}
+
+bool changes_mask(int type) {
+    return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
+           type == MouseButDblClick;
+}
+
+}  // namespace
+
+void yyinfomessage(int type, int& state) { state = message_enabled(type) ? 1 : 0; }
+
+void apply_message_mask(Widget widget, bool all) {
+    EventMask mask = message_mask();
+    if (!all) mask &= ~EventMask{KeyPressMask | KeyReleaseMask | PointerMotionMask};
+    XtRemoveEventHandler(widget, XtAllEvents, True, wanted, nullptr);
+    XtAddEventHandler(widget, mask, False, wanted, nullptr);
+}
+
+bool draws_for_application(Display* display, Window window) {
+    const Widget widget = XtWindowToWidget(display, window);
+    if (!widget) return false;
+    const auto client = [widget](const WindowSlot& slot) { return slot.client_widget == widget; };
+    return std::ranges::any_of(windows, client) || yyDGplace(widget).user_drawn;
+}
+
+bool event_waiting() {
+    XtInputMask pending = XtAppPending(yydisplay.app);
+    if (!(pending & XtIMXEvent) && pending != 0) {
+        // XtAppNextEvent would run the timer and then block until an X event comes.
+        XtAppProcessEvent(yydisplay.app, pending);
+        pending = XtAppPending(yydisplay.app);
+    }
+    return (pending & XtIMXEvent) != 0;
+}
+
+int yyinterpretmessage() {
+    XtAppNextEvent(yydisplay.app, &iEvent);
+    if (!yyMSCheckWinDiag(iEvent)) return 0;
+    return yyMSInterpretMessageLowLevel(iEvent);
+}
+
+void wmessage(int& type, MessageRecord& record) {
+    if (!yydisplay.display) {
+        type = NoMessage;
+        no_message(record);
+        return;
+    }
+    do deliver(yydispatchmessage(true), type, record);
+    while (type == NoMessage);
+}
+
+void wmessagepeek(int& type, MessageRecord& record) {
+    deliver(yydisplay.display ? yydispatchmessage(false) : Mail{}, type, record);
+}
+
+void wmessageenable(int type, int state) {
+    if (type < 1 || type > message_types) return;
+    set_message_enabled(type, state == 1);
+    if (type == TimerExpired) TimerEnabled = state == 1;
+    if (!changes_mask(type) || !yydisplay.display) return;
+    for (const WindowSlot& slot : windows)
+        if (slot.open()) apply_message_mask(slot.client_widget);
+    yyDGEnableMessage();
+    if (bPointerGrabbed) change_active_grab();
+}
+
+}  // namespace tesserakit

@@ -1,0 +1,158 @@
+#include "toolkit/windows/drawables.hpp"
+
+#include "toolkit/base/errors.hpp"
+#include "toolkit/windows/bitmaps.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <algorithm>
+
+namespace tesserakit {
+
+constinit SelectedDrawable drawable{};
+
+namespace {
+
+struct Extent {
+    bool exists = false;
+    int width = 0;
+    int height = 0;
+};
+
+Extent window_extent(int window) {
+    if (window < 0 || window >= window_slots) return {};
+    const WindowSlot& slot = windows[static_cast<std::size_t>(window)];
+    return slot.open() ? Extent{true, slot.width, slot.height} : Extent{};
+}
+
+Extent bitmap_extent(int handle) {
+    const BitmapSlot* bitmap = bitmap_of(handle);
+    return bitmap ? Extent{true, bitmap->width, bitmap->height} : Extent{};
+}
+
+Extent field_extent(int dialog, int field) {
+    const PictureField picture = yyDGpicture(yyDGslot(dialog), field);
+    return {picture.exists, picture.width, picture.height};
+}
+
+Extent extent_of(const SelectedDrawable& target) {
+    switch (target.type) {
+        case DrawableType::Window:
+            return window_extent(target.number);
+        case DrawableType::Bitmap:
+            return bitmap_extent(target.number);
+        case DrawableType::Field:
+            return field_extent(target.dialog, target.number);
+        // Metafiles belong to hardcopy drivers, which this toolkit hasn't.
+        case DrawableType::Metafile:
+        case DrawableType::Nothing:
+            break;
+    }
+    return {};
+}
+
+bool select(const SelectedDrawable& target) {
+    const Extent extent = extent_of(target);
+    if (!extent.exists) return false;
+    drawable = target;
+    drawable.width = extent.width;
+    drawable.height = extent.height;
+    return true;
+}
+
+SelectedDrawable requested(int type, std::optional<int> number) {
+    switch (type) {
+        case 1:
+            return {.type = DrawableType::Window, .number = number.value_or(wCurrentWindow)};
+        case 2:
+            return {.type = DrawableType::Bitmap, .number = number.value_or(1)};
+        case 3:
+            return {.type = DrawableType::Field,
+                    .number = number.value_or(0),
+                    .dialog = yyDGidentifier(yyDGcurrent())};
+        case 4:
+            return {.type = DrawableType::Metafile, .number = number.value_or(1)};
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+void refresh_drawable() {
+    const Extent extent = extent_of(drawable);
+    drawable.width = extent.width;
+    drawable.height = extent.height;
+}
+
+Drawable selected_x_drawable() {
+    switch (drawable.type) {
+        case DrawableType::Window:
+            return window_extent(drawable.number).exists
+                       ? windows[static_cast<std::size_t>(drawable.number)].client
+                       : 0;
+        case DrawableType::Bitmap: {
+            const BitmapSlot* bitmap = bitmap_of(drawable.number);
+            return bitmap ? bitmap->pixmap : 0;
+        }
+        case DrawableType::Field: {
+            const Widget widget = yyDGpicture(yyDGslot(drawable.dialog), drawable.number).widget;
+            return widget ? XtWindow(widget) : 0;
+        }
+        default:
+            return 0;
+    }
+}
+
+DrawableScope::DrawableScope(DrawableType type, int number, int dialog) : former_(drawable) {
+    if (drawable.type == type && drawable.number == number && drawable.dialog == dialog) {
+        refresh_drawable();
+    } else if (!select({.type = type, .number = number, .dialog = dialog})) {
+        drawable = {};
+    }
+}
+
+DrawableScope::~DrawableScope() {
+    drawable = former_;
+    refresh_drawable();
+}
+
+void yyi2e(int x, int y, float& gx, float& gy) {
+    const auto scaled = [](int value, int size) {
+        return size > 1 ? static_cast<float>(value) / static_cast<float>(size - 1) : 0.0f;
+    };
+    gx = scaled(x, drawable.width);
+    gy = scaled(y, drawable.height);
+}
+
+void yygrselectwindow(int window) {
+    if (!select({.type = DrawableType::Window, .number = window})) drawable = {};
+}
+
+void yygrselectnone() { drawable = {}; }
+
+void igrselect(int type, std::optional<int> number) {
+    yygrselectnone();
+    if (select(requested(type, number))) return;
+    yygrselectwindow(wCurrentWindow);
+    yyerror(InvalidDrawable, "IGrSelect", type, number.value_or(0));
+}
+
+int winfodrawable(int item) {
+    refresh_drawable();
+    switch (item) {
+        case 1:
+            return static_cast<int>(drawable.type);
+        case 2:
+            return drawable.number;
+        case 3:
+            return drawable.dialog;
+        case 4:
+            return drawable.width;
+        case 5:
+            return drawable.height;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace tesserakit

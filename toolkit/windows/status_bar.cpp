@@ -1,0 +1,191 @@
+#include "toolkit/windows/status_bar.hpp"
+
+#include "common/fixed_text.hpp"
+
+#include "toolkit/base/start.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <X11/Xlib.h>
+#include <Xm/DrawP.h>
+#include <Xm/DrawingA.h>
+
+#include <algorithm>
+
+namespace tesserakit {
+
+namespace {
+
+constexpr int beside_text = 12;  // of the bar's height
+constexpr int text_indent = 6;   // pixels before and behind a text
+constexpr int shadow_thickness = 1;
+constexpr int smallest_part = 2;
+
+struct State {
+    GC gc = nullptr;
+    GC top_shadow = nullptr;
+    GC bottom_shadow = nullptr;
+};
+State& state = *new State;
+
+StatusBar* bar_of(int window) {
+    if (window < 0 || window >= window_slots) return nullptr;
+    return windows[static_cast<std::size_t>(window)].status_bar.get();
+}
+
+GC gc_of(Pixel foreground) {
+    XGCValues values{};
+    values.foreground = foreground;
+    values.graphics_exposures = False;
+    return XCreateGC(yydisplay.display, yydisplay.root, GCForeground | GCGraphicsExposures,
+                     &values);
+}
+
+void make_gcs() {
+    if (state.gc) return;
+    state.gc = gc_of(wSchemeCol.foreground);
+    state.top_shadow = gc_of(wSchemeCol.top_shadow);
+    state.bottom_shadow = gc_of(wSchemeCol.bottom_shadow);
+}
+
+int bar_width(const StatusBar& bar) {
+    Dimension width = 1;
+    XtVaGetValues(bar.widget, XmNwidth, &width, nullptr);
+    return width;
+}
+
+/// Where part `index` stands in a bar of this width.
+Box part_box(const StatusBar& bar, std::size_t index, int width) {
+    int left = 0;
+    int right = 0;
+    for (std::size_t i = 0; i <= index; ++i) {
+        left = i == 0 ? 0 : right - 1;
+        right = bar.parts[i].right_edge == rest_of_width ? width : bar.parts[i].right_edge;
+    }
+    return {left, 0, std::max(right - left, smallest_part), isbarHeight()};
+}
+
+void make_part_window(StatusBar& bar, std::size_t index) {
+    const Box box = part_box(bar, index, bar_width(bar));
+    StatusPart& part = bar.parts[index];
+    part.window = XCreateSimpleWindow(
+        yydisplay.display, bar.window, box.x, box.y, static_cast<unsigned>(box.width),
+        static_cast<unsigned>(box.height), 0, 0, wSchemeCol.background);
+    XSelectInput(yydisplay.display, part.window, ExposureMask);
+    XMapWindow(yydisplay.display, part.window);
+}
+
+int text_x(const StatusPart& part, int width) {
+    const int own = text_width(wFonts.status, part.text);
+    switch (part.alignment) {
+        case StatusAlignment::Centre:
+            return std::max((width - own) / 2, text_indent);
+        case StatusAlignment::Right:
+            return std::max(width - own - text_indent, text_indent);
+        case StatusAlignment::Left:
+            break;
+    }
+    return text_indent;
+}
+
+void draw_part(const StatusPart& part, const Box& box) {
+    Display* display = yydisplay.display;
+    XClearWindow(display, part.window);
+    // Sunken: the light falls on the lower edges.
+    XmeDrawShadows(display, part.window, state.top_shadow, state.bottom_shadow, 0, 0,
+                   static_cast<Dimension>(box.width), static_cast<Dimension>(box.height),
+                   shadow_thickness, XmSHADOW_IN);
+    draw_text(wFonts.status, part.window, state.gc, text_x(part, box.width),
+              beside_text / 2 + wFonts.status.measures.ascent, part.text);
+}
+
+void draw_prompt(const StatusBar& bar, const StatusPart& part, const Box& box) {
+    XClearWindow(yydisplay.display, part.window);
+    // One text across all parts, each showing its piece.
+    draw_text(wFonts.status, part.window, state.gc, text_indent - box.x,
+              beside_text / 2 + wFonts.status.measures.ascent, bar.help);
+}
+
+}  // namespace
+
+int isbarHeight() { return wFonts.status.height() + beside_text; }
+
+void yystatusbarcreate(int window) {
+    make_gcs();
+    WindowSlot& slot = windows[static_cast<std::size_t>(window)];
+    slot.status_bar = std::make_unique<StatusBar>();
+    StatusBar& bar = *slot.status_bar;
+    bar.widget = XtVaCreateManagedWidget(
+        "StatusBar", xmDrawingAreaWidgetClass, slot.window_widget, XmNmarginWidth, 0,
+        XmNmarginHeight, 0, XmNtraversalOn, False, XmNbackground, wSchemeCol.background, XmNwidth,
+        std::max(slot.width, 1), XmNheight, isbarHeight(), nullptr);
+    bar.window = XtWindowOfObject(bar.widget);
+    yysetstatusbar2(window, {rest_of_width});
+}
+
+void yysetstatusbar2(int window, const std::vector<int>& right_edges) {
+    StatusBar* bar = bar_of(window);
+    if (!bar) return;
+    for (const StatusPart& part : bar->parts) XDestroyWindow(yydisplay.display, part.window);
+    const std::size_t count =
+        std::clamp<std::size_t>(right_edges.size(), 1, static_cast<std::size_t>(status_parts));
+    std::vector<StatusPart> parts(count);
+    bar->stretching = -1;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i < right_edges.size()) parts[i].right_edge = right_edges[i];
+        if (i < bar->parts.size()) parts[i].text = bar->parts[i].text;
+        if (i < bar->parts.size()) parts[i].alignment = bar->parts[i].alignment;
+        if (parts[i].right_edge == rest_of_width) bar->stretching = static_cast<int>(i);
+    }
+    bar->parts = std::move(parts);
+    for (std::size_t i = 0; i < count; ++i) make_part_window(*bar, i);
+}
+
+void yysetstatustext2(int window, int part, std::string_view text) {
+    StatusBar* bar = bar_of(window);
+    if (!bar || part < 1 || part > static_cast<int>(bar->parts.size())) return;
+    StatusPart& target = bar->parts[static_cast<std::size_t>(part - 1)];
+    target.alignment = StatusAlignment::Left;
+    if (text.starts_with("\t\t")) {
+        target.alignment = StatusAlignment::Right;
+        text.remove_prefix(2);
+    } else if (text.starts_with('\t')) {
+        target.alignment = StatusAlignment::Centre;
+        text.remove_prefix(1);
+    }
+    target.text = without_trailing_blanks(text);
+    if (bar->help.empty())
+        draw_part(target, part_box(*bar, static_cast<std::size_t>(part - 1), bar_width(*bar)));
+}
+
+void yystatusbardraw(int window) {
+    StatusBar* bar = bar_of(window);
+    if (!bar) return;
+    const int width = bar_width(*bar);
+    for (std::size_t i = 0; i < bar->parts.size(); ++i) {
+        const Box box = part_box(*bar, i, width);
+        if (bar->help.empty()) {
+            draw_part(bar->parts[i], box);
+        } else {
+            draw_prompt(*bar, bar->parts[i], box);
+        }
+    }
+}
+
+void yyStatusBarHelp(int window, std::string_view prompt) {
+    StatusBar* bar = bar_of(window);
+    if (!bar || bar->help == prompt) return;
+    bar->help = prompt;
+    yystatusbardraw(window);
+}
+
+void yystatusbarresize(int window, int width) {
+    StatusBar* bar = bar_of(window);
+    if (!bar) return;
+    for (std::size_t i = 0; i < bar->parts.size(); ++i) {
+        const Box box = part_box(*bar, i, width);
+        XMoveResizeWindow(yydisplay.display, bar->parts[i].window, box.x, box.y,
+                          static_cast<unsigned>(box.width), static_cast<unsigned>(box.height));
+    }
+}
+
+}  // namespace tesserakit
