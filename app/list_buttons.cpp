@@ -84,8 +84,11 @@ void insert_atom() {
     const Selected entry = selected(dialog::atoms, field::atom_list);
     const TypedAtom atom = typed_atom();
     if (entry.text == "-New atom-")
-        wcfgl_atom_tree::push_atom(atom.label, atom.symbol, atom.xf, 0.5f, atom.radius,
-                                   atom.shown ? 0 : 1);
+        wcfgl_atom_tree::push_atom({.label = atom.label,
+                                    .symbol = atom.symbol,
+                                    .xf = atom.xf,
+                                    .radius = atom.radius,
+                                    .nodisplay = atom.shown ? 0 : 1});
     else
         wcfgl_atom_tree::modify_atom(entry.index, {.label = atom.label,
                                                    .symbol = atom.symbol,

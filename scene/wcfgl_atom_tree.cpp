@@ -73,19 +73,18 @@ void append_line(std::string& out, const AtomNode& node) {
 
 }  // namespace
 
-void push_atom(const FixedText<10>& label, const FixedText<2>& symbol, const Vector3f& xf,
-               float reserved_value, float radius, int nodisplay,
-               const std::optional<Colour>& colour) {
+void push_atom(const NewAtom& added) {
     const bool first = state.atoms.empty();
     AtomNode& node = state.atoms.push_back(first ? "atom_list_head" : "current_node%next");
     if (first && wcfgl_objects_definition::atom_definition == 0)
         wcfgl_objects_definition::init_atom();
     if (!wcfgl_metrix::current_space_group) wcfgl_metrix::init_spacegroup();
-    wcfgl_glatom::new_gl_atom(label, symbol, xf, reserved_value, radius,
-                              colour ? *colour : wcfgl_atomic_table::get_color_from_symbol(symbol),
-                              *wcfgl_metrix::current_space_group, node.atom);
-    node.atom.default_colour = colour ? 0 : 1;
-    node.nodisplay = nodisplay;
+    const Colour colour =
+        added.colour ? *added.colour : wcfgl_atomic_table::get_color_from_symbol(added.symbol);
+    wcfgl_glatom::new_gl_atom(added.label, added.symbol, added.xf, added.reserved_value,
+                              added.radius, colour, *wcfgl_metrix::current_space_group, node.atom);
+    node.atom.default_colour = added.colour ? 0 : 1;
+    node.nodisplay = added.nodisplay;
     node.dlist.generate();
     construct_atom_dlist(node);
     create_main_atom_list();

@@ -23,11 +23,18 @@ struct AtomNode {
     std::unique_ptr<AtomNode> next;
 };
 
-/// Appends an atom; its position is folded into the first cell. Without a colour it takes that of
-/// its element. Makes the group "P 1" if there is none.
-void push_atom(const FixedText<10>& label, const FixedText<2>& symbol, const Vector3f& xf,
-               float reserved_value, float radius, int nodisplay,
-               const std::optional<Colour>& colour = {});
+struct NewAtom {
+    FixedText<10> label;
+    FixedText<2> symbol;
+    Vector3f xf{};                 ///< folded into the first cell
+    float reserved_value = 0.5f;   ///< what all atoms have; used by nothing
+    float radius = 1.0f;           ///< factor on the unit sphere
+    int nodisplay = 0;             ///< not 0: hidden
+    std::optional<Colour> colour;  ///< absent: the element's, and not written to files
+};
+
+/// Appends an atom. Makes the group "P 1" if there is none.
+void push_atom(const NewAtom& added);
 
 /// An index outside the list changes nothing. The main list is left as it is.
 void pop_atom(int index);

@@ -377,8 +377,12 @@ void Reader::read_atom(const Line& line, std::string_view operands) {
     if (!(record.read(at_.label) && record.read(at_.symbol) && record.read(std::span(at_.xf.c))))
         return;
     if (!line.has("RADIUS")) at_.radius = wcfgl_atomic_table::get_radius_from_symbol(at_.symbol);
-    wcfgl_atom_tree::push_atom(at_.label, at_.symbol, at_.xf, 0.5f, at_.radius, hidden(line),
-                               own_colour(line));
+    wcfgl_atom_tree::push_atom({.label = at_.label,
+                                .symbol = at_.symbol,
+                                .xf = at_.xf,
+                                .radius = at_.radius,
+                                .nodisplay = hidden(line),
+                                .colour = own_colour(line)});
 }
 
 void Reader::read_bond(const Line& line, std::string_view operands) {

@@ -25,7 +25,7 @@ constexpr float not_a_number = std::numeric_limits<float>::quiet_NaN();
 
 void push(const char* label, const char* symbol, const Vector3f& xf,
           const std::optional<Colour>& colour = {}) {
-    push_atom(label, symbol, xf, 0.5f, 0.7f, 0, colour);
+    push_atom({.label = label, .symbol = symbol, .xf = xf, .radius = 0.7f, .colour = colour});
 }
 
 /// What a frame draws; the flags are cleared as at its end.
@@ -259,7 +259,12 @@ TEST(AtomList, EntriesEndWithTheOneForANewAtom) {
 
 TEST(AtomList, LinesOfTheFileHaveFixedColumns) {
     push("Fe1", "Fe", {0.25f, 0.5f, 0.33333f});
-    push_atom("O1", "O", {0, 0, 0.125f}, 0.5f, 1.26f, 1, Colour{1, 0.5f, 0, 0.25f});
+    push_atom({.label = "O1",
+               .symbol = "O",
+               .xf = {0, 0, 0.125f},
+               .radius = 1.26f,
+               .nodisplay = 1,
+               .colour = Colour{1, 0.5f, 0, 0.25f}});
     std::string text;
     write_atom_list(text);
     EXPECT_EQ(text,

@@ -17,8 +17,10 @@ constexpr Colour red{1, 0, 0, 1}, green{0, 1, 0, 1}, blue{0, 0, 1, 1};
 void push_pair() {
     wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
     wcfgl_metrix::define_box(0, 1, 0, 1, 0, 1);
-    wcfgl_atom_tree::push_atom("Fe1", "FE", {0.125f, 0.25f, 0.25f}, 0.5f, 1, 0, red);
-    wcfgl_atom_tree::push_atom("O1", "O", {0.25f, 0.25f, 0.25f}, 0.5f, 1, 0, green);
+    wcfgl_atom_tree::push_atom(
+        {.label = "Fe1", .symbol = "FE", .xf = {0.125f, 0.25f, 0.25f}, .colour = red});
+    wcfgl_atom_tree::push_atom(
+        {.label = "O1", .symbol = "O", .xf = {0.25f, 0.25f, 0.25f}, .colour = green});
 }
 
 std::string lines() {
@@ -73,9 +75,9 @@ TEST(BondSticks, NeedBothEndsInTheBoxAndFollowTheBoxOnly) {
 TEST(BondSticks, LeaveOutTheCellAboveTheBox) {
     wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
     wcfgl_metrix::define_box(0, 1, 0, 1, 0, 1);
-    wcfgl_atom_tree::push_atom("A", "FE", {0, 0, 0}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "A", .symbol = "FE", .xf = {0, 0, 0}});
     wcfgl_atom_tree::modify_atom(1, {.xf = Vector3f{-1.2f, 0.5f, 0.5f}});
-    wcfgl_atom_tree::push_atom("B", "O", {0.9f, 0.5f, 0.5f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "B", .symbol = "O", .xf = {0.9f, 0.5f, 0.5f}});
     push_bond_by_label("A", "B", 0.5f, 1.5f, 1.0f, 0);
     EXPECT_TRUE(halves().empty());  // at +2 both ends would be inside
 }
@@ -109,7 +111,7 @@ TEST(BondRules, AreFoundByTheirFirstLabelWithAllRecords) {
     EXPECT_FALSE(search_bond_list_by_label("Fe1", found));
     EXPECT_EQ(found.size(), 3u) << "left as it was";
     push_pair();
-    wcfgl_atom_tree::push_atom("O1", "O", {0.6f, 0.6f, 0.6f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "O1", .symbol = "O", .xf = {0.6f, 0.6f, 0.6f}});
     push_bond_by_label("Fe1", "O1", 0, 3, 1, 0);
     push_bond_by_label("O1", "Fe1", 0, 3, 1, 0);
     EXPECT_TRUE(search_bond_list_by_label("Fe1", found));
@@ -142,7 +144,7 @@ TEST(BondRules, AreRemovedHiddenAndToldByPosition) {
 
 TEST(Polyhedra, JoinTheFarEndsOfTheBondsOfEachPosition) {
     wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
-    wcfgl_atom_tree::push_atom("Ti1", "TI", {0.5f, 0.5f, 0.5f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "Ti1", .symbol = "TI", .xf = {0.5f, 0.5f, 0.5f}});
     wcfgl_poly_tree::push_poly("Ti1", 0);
     gl_record::clear();
     wcfgl_poly_tree::draw_polys();
@@ -150,7 +152,7 @@ TEST(Polyhedra, JoinTheFarEndsOfTheBondsOfEachPosition) {
 
     for (const Vector3f& x :
          {Vector3f{0.7f, 0.5f, 0.5f}, Vector3f{0.3f, 0.5f, 0.5f}, Vector3f{0.5f, 0.7f, 0.5f}})
-        wcfgl_atom_tree::push_atom("O1", "O", x, 0.5f, 1, 0);
+        wcfgl_atom_tree::push_atom({.label = "O1", .symbol = "O", .xf = x});
     push_bond_by_label("Ti1", "O1", 1, 3, 1, 0);
     wcfgl_poly_tree::push_poly("Ti1", 0);
     gl_record::clear();
@@ -168,9 +170,9 @@ TEST(Polyhedra, JoinTheFarEndsOfTheBondsOfEachPosition) {
 // 1001 bonds end at one atom: one more than a figure has room for.
 TEST(Polyhedra, KeepAThousandVerticesAndNoMore) {
     wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
-    wcfgl_atom_tree::push_atom("C", "C", {0.5f, 0.5f, 0.5f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "C", .symbol = "C", .xf = {0.5f, 0.5f, 0.5f}});
     for (int n = 0; n < 1001; ++n)
-        wcfgl_atom_tree::push_atom("H", "H", {0.6f, 0.5f, 0.5f}, 0.5f, 1, 0);
+        wcfgl_atom_tree::push_atom({.label = "H", .symbol = "H", .xf = {0.6f, 0.5f, 0.5f}});
     push_bond_by_label("C", "H", 0.5f, 2, 1, 0);
     std::vector<wcfgl_glpoly::Poly> polys;
     ASSERT_TRUE(wcfgl_glpoly::new_gl_polys("C", polys));

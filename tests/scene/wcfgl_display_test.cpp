@@ -109,7 +109,7 @@ TEST(Display, StateIsSetBeforeAnythingIsDrawn) {
 
 TEST(Display, TheModelTurnsAboutTheCentreOfTheBox) {
     wcfgl_metrix::define_box(0, 2, 0, 2, 0, 2);
-    wcfgl_atom_tree::push_atom("A", "O", {0.5f, 0, 0}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "A", .symbol = "O", .xf = {0.5f, 0, 0}});
     const Quaternion quarter = wcfgl_quaternion::q_from_rot(90, {0, 0, 1});
     wcfgl_trackball::current_rot_matrix = wcfgl_quaternion::quat2mat(quarter);
     gl_record::clear();
@@ -125,8 +125,8 @@ TEST(Display, TheModelTurnsAboutTheCentreOfTheBox) {
 /// A sphere with an arrow, bonds to its neighbours and lines between these.
 void define_one_of_everything() {
     wcfgl_metrix::define_cell({4, 4, 4}, {90, 90, 90});
-    wcfgl_atom_tree::push_atom("A", "Fe", {0.5f, 0.5f, 0.5f}, 0.5f, 1, 0);
-    wcfgl_atom_tree::push_atom("O", "O", {0.5f, 0.5f, 0}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "A", .symbol = "Fe", .xf = {0.5f, 0.5f, 0.5f}});
+    wcfgl_atom_tree::push_atom({.label = "O", .symbol = "O", .xf = {0.5f, 0.5f, 0}});
     wcfgl_bond_tree::push_bond_by_label("A", "O", 1, 2.5f, 1, 0);
     wcfgl_poly_tree::push_poly("A", 0);
     const std::vector<Vector3f> k{{0, 0, 0}};
@@ -161,7 +161,7 @@ TEST(Display, OpaqueOrNotObjectsAreDrawnInAFixedOrder) {
 }
 
 TEST(Display, ChangesAreTakenUpAndThenForgotten) {
-    wcfgl_atom_tree::push_atom("A", "O", {0.5f, 0.5f, 0.5f}, 0.5f, 1, 0);
+    wcfgl_atom_tree::push_atom({.label = "A", .symbol = "O", .xf = {0.5f, 0.5f, 0.5f}});
     wcfgl_metrix::define_box(0, 2, 0, 1, 0, 1);
     wcfgl_metrix::cell_changed = 1;
     gl_record::clear();

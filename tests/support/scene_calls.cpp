@@ -127,13 +127,13 @@ Colour background_colour{0.0f, 0.0f, 0.0f, 1.0f};
 
 namespace wcfgl_atom_tree {
 
-void push_atom(const FixedText<10>& label, const FixedText<2>& symbol, const Vector3f& xf,
-               float reserved_value, float radius, int nodisplay,
-               const std::optional<Colour>& colour) {
+void push_atom(const NewAtom& added) {
     if (!recording) return;
     add("push_atom" +
-        fields({label.trimmed(), symbol.trimmed(), list(xf.c), number(reserved_value)}) +
-        " r=" + number(radius) + " hidden=" + std::to_string(nodisplay) + colour_text(colour));
+        fields({added.label.trimmed(), added.symbol.trimmed(), list(added.xf.c),
+                number(added.reserved_value)}) +
+        " r=" + number(added.radius) + " hidden=" + std::to_string(added.nodisplay) +
+        colour_text(added.colour));
 }
 
 void empty_atom_list() {
