@@ -156,7 +156,7 @@ TEST(Generator, TellsTheLineWritesNothingAndFails) {
     const std::string output = (folder / "out.cpp").string();
     const std::string messages = (folder / "messages").string();
     const std::string command =
-        std::string(GEMWRIGHT_RESOURCE_GENERATOR) + ' ' + output + " . " + file + " 2> " + messages;
+        std::string(GEMWRIGHT_RESOURCE_GENERATOR) + ' ' + output + " " + file + " 2> " + messages;
     EXPECT_NE(std::system(command.c_str()), 0);
     EXPECT_FALSE(fs::exists(output));
     std::ostringstream told;

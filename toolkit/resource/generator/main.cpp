@@ -1,9 +1,11 @@
 /// Makes the source of the resource block:
 ///
-///     resource_generator OUTPUT IMAGES-FOLDER CATALOGUE-FILE...
+///     resource_generator OUTPUT CATALOGUE-FILE...
 ///
+/// Pictures stand in the folder images beside the catalogue file that names them.
 /// Everything that is wrong is told with file and line; then nothing is written and the exit
 /// status is 1.
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <span>
@@ -25,13 +27,17 @@ void read_file(const std::string& path, catalogue::Catalogue& catalogue,
     catalogue::read_text(text.str(), path, catalogue, errors);
 }
 
-catalogue::Catalogue read_all(const std::string& images, std::span<char*> files,
-                              catalogue::Errors& errors) {
+std::string path_of(const catalogue::Image& image) {
+    const std::filesystem::path catalogue_file = image.place.file;
+    return (catalogue_file.parent_path() / "images" / image.file).string();
+}
+
+catalogue::Catalogue read_all(std::span<char*> files, catalogue::Errors& errors) {
     catalogue::Catalogue catalogue;
     for (const char* file : files) read_file(file, catalogue, errors);
     if (errors.empty()) catalogue::check(catalogue, errors);
     for (catalogue::Image& image : catalogue.images) {
-        catalogue::read_image_file(images + '/' + image.file, image, errors);
+        catalogue::read_image_file(path_of(image), image, errors);
     }
     return catalogue;
 }
@@ -47,12 +53,12 @@ bool write_file(const std::string& path, const std::string& text) {
 
 int main(int argc, char** argv) {
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
-    if (arguments.size() < 3) {
-        std::cerr << "usage: resource_generator OUTPUT IMAGES-FOLDER CATALOGUE-FILE...\n";
+    if (arguments.size() < 2) {
+        std::cerr << "usage: resource_generator OUTPUT CATALOGUE-FILE...\n";
         return 2;
     }
     catalogue::Errors errors;
-    const catalogue::Catalogue catalogue = read_all(arguments[2], arguments.subspan(3), errors);
+    const catalogue::Catalogue catalogue = read_all(arguments.subspan(2), errors);
     for (const catalogue::Error& error : errors) {
         std::cerr << error.place.file << ':' << error.place.line << ": " << error.message << '\n';
     }
