@@ -87,30 +87,23 @@ std::optional<std::string_view> Record::next() {
     return quoted_ ? std::string_view(unquoted_) : item_;
 }
 
-bool Record::read(float& value) {
+template <class Number>
+bool Record::read_number(Number& value, std::optional<Number> (*convert)(std::string_view)) {
     const std::optional<std::string_view> text = next();
+    written_ = {};
     if (failed_) return false;
     if (!text) return true;
-    const std::optional<float> number = quoted_ ? std::nullopt : number_field::to_float(*text);
+    const std::optional<Number> number = quoted_ ? std::nullopt : convert(*text);
     if (!number) {
         failed_ = true;
         return false;
     }
     value = *number;
+    written_ = *text;
     return true;
 }
 
-bool Record::read(int& value) {
-    const std::optional<std::string_view> text = next();
-    if (failed_) return false;
-    if (!text) return true;
-    const std::optional<int> number = quoted_ ? std::nullopt : number_field::to_int(*text);
-    if (!number) {
-        failed_ = true;
-        return false;
-    }
-    value = *number;
-    return true;
-}
+bool Record::read(float& value) { return read_number(value, number_field::to_float); }
+bool Record::read(int& value) { return read_number(value, number_field::to_int); }
 
 }  // namespace list_read

@@ -39,18 +39,25 @@ public:
         return true;
     }
 
+    /// The number read last as it was written; empty when it was left as it was. Until the next
+    /// read.
+    std::string_view written() const { return written_; }
+
     bool good() const { return !failed_; }
 
 private:
     /// The next item's text, valid until the next call; absent for an item to be left as it is, and
     /// on failure.
     std::optional<std::string_view> next();
+    template <class Number>
+    bool read_number(Number& value, std::optional<Number> (*convert)(std::string_view));
     bool skip_separator();
     void take_quoted(char quote);
     void take_plain();
 
     std::string_view rest_;
     std::string_view item_;
+    std::string_view written_;
     std::string unquoted_;    ///< the item in place of item_, when it stood in quotes
     int repeats_ = 0;         ///< how often item_ is still to be given
     bool null_item_ = false;  ///< item_ leaves its target as it was

@@ -11,6 +11,7 @@
 #include "common/fatal.hpp"
 #include "common/list_read.hpp"
 #include "crystal/math_gen.hpp"
+#include "crystal/position_text.hpp"
 #include "crystal/string_utilities.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_atomic_table.hpp"
@@ -147,6 +148,15 @@ private:
 
 bool read_reals(std::string_view operands, std::span<float> values) {
     return Record(operands).read(values);
+}
+
+/// Three fractions of the cell.
+bool read_position(Record& record, Vector3f& xf) {
+    for (float& x : xf) {
+        if (!record.read(x)) return false;
+        x = position_text::component(record.written(), x);
+    }
+    return true;
 }
 
 /// The rest of a line as one text. The blanks that set it off from its keyword are no part of it.
@@ -374,7 +384,7 @@ void Reader::read_cell(const Line& line, std::string_view operands) {
 
 void Reader::read_atom(const Line& line, std::string_view operands) {
     Record record(operands);
-    if (!(record.read(at_.label) && record.read(at_.symbol) && record.read(std::span(at_.xf.c))))
+    if (!(record.read(at_.label) && record.read(at_.symbol) && read_position(record, at_.xf)))
         return;
     if (!line.has("RADIUS")) at_.radius = wcfgl_atomic_table::get_radius_from_symbol(at_.symbol);
     wcfgl_atom_tree::push_atom({.label = at_.label,
@@ -480,7 +490,7 @@ void Reader::read_magnetic_atom(const Line& line, std::string_view operands) {
     if (!at_.phase_defined) define_phase();
     Record record(operands);
     at_.moments_pending = record.read(at_.magnetic_label) && record.read(at_.magnetic_symbol) &&
-                          record.read(std::span(at_.magnetic_xf.c));
+                          read_position(record, at_.magnetic_xf);
     at_.component_count = 0;
     if (!line.has("COLOR"))
         at_.colour = wcfgl_atomic_table::get_color_from_symbol(at_.magnetic_symbol);

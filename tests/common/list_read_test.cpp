@@ -86,4 +86,22 @@ TEST(ListRead, FailureStaysAndLaterItemsKeepTheirValues) {
     EXPECT_EQ(text.trimmed(), "zz");
 }
 
+TEST(ListRead, TellsHowANumberWasWritten) {
+    list_read::Record record("0.3330,,2*.50 7 x");
+    float value = 0;
+    int whole = 0;
+    const auto written_next = [&] {
+        EXPECT_TRUE(record.read(value));
+        return std::string(record.written());
+    };
+    EXPECT_EQ(written_next(), "0.3330");
+    EXPECT_EQ(written_next(), "") << "left as it was";
+    EXPECT_EQ(written_next(), ".50");
+    EXPECT_EQ(written_next(), ".50");
+    EXPECT_TRUE(record.read(whole));
+    EXPECT_EQ(record.written(), "7");
+    EXPECT_FALSE(record.read(value));
+    EXPECT_EQ(record.written(), "");
+}
+
 }  // namespace

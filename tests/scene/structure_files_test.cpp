@@ -120,6 +120,29 @@ TEST(RoundTrip, WhatIsWrittenIsReadBackAndWrittenTheSame) {
     }
 }
 
+TEST(RoundTrip, KeepsTheAtomsOfEveryExample) {
+    for (const std::string& name : example_names()) {
+        SCOPED_TRACE(name);
+        const Quaternion view = read(example(name));
+        const std::vector<int> atoms = multiplicities();
+        const std::size_t moments = total_moments().size();
+        read_text(written(view));
+        EXPECT_EQ(multiplicities(), atoms);
+        EXPECT_EQ(total_moments().size(), moments);
+    }
+}
+
+/// The metals at 1/3 2/3: two atoms in the cell, written with four decimals as most tables do.
+TEST(ReadFile, ThirdsWithFourDecimalsStandOnTheirAxis) {
+    for (const char* position :
+         {"0.3333 0.6667", "0.333 0.667", "-0.6667 -.3333", "1.3333 0.6667"}) {
+        SCOPED_TRACE(position);
+        read_text(std::string("SPACEG P 63/m m c\nCELL 3 3 5 90 90 120\nATOM A Ho ") + position +
+                  " .25\n");
+        EXPECT_THAT(multiplicities(), ElementsAre(2));
+    }
+}
+
 TEST(RoundTrip, KeepsAtomsBondsGroupBoxCellAndView) {
     const Quaternion view = read_text(
         "SPACEG P -1\nCELL 5 6 7 80 90 100 NODISPLAY MULTIPLE\nBOX -1 1 0 2 0 1.5\n"

@@ -148,6 +148,23 @@ TEST(ReadFile, OperandsLeftOutKeepTheLineBeforeAndBadLinesAddNothing) {
                             "push_atom a b H (0,0,0) 0.5 r=1 hidden=0 colour=none"));
 }
 
+TEST(ReadFile, ThirdsAreReadInPositionsAndNowhereElse) {
+    // 1/3 and 2/3 as the nearest floats print them: 0.33333334 and 0.6666667.
+    EXPECT_THAT(calls_of("CELL 3.333 6.667 3.3333 90 90 120\nATOM A H .333 -.6667 1/ RADIUS .3333\n"
+                         "ATOM B H .3330,,1 RADIUS .6667\nBOND A B .333 .667\n"
+                         "{\nK .333 .333 0\nMATOM A H 3*0.3333\nSKP 1 1 .333 0 0 0 0 0 .1667\n",
+                         {"define_cell", "push_", "define_mag"}),
+                ElementsAre("define_cell (3.333,6.667,3.3333) (90,90,120)",
+                            "push_atom A H (0.33333334,-0.6666667,1) 0.5 r=0.3333 hidden=0 "
+                            "colour=none",
+                            "push_atom B H (0.333,-0.6666667,1) 0.5 r=0.6667 hidden=0 colour=none",
+                            "push_bond_by_label A B 0.333 0.667 r=1 hidden=0 colour=none",
+                            "define_magnetic_phase P k(0.333,0.333,0)",
+                            "push_matom A H (0.33333334,0.33333334,0.33333334) scale=1 hidden=0 "
+                            "group=0 [k=1 m=1 (0.333,0) (0,0) (0,0) phase=0.1667 "
+                            "colour=(0.8,0.8,0.8,1)]"));
+}
+
 TEST(ReadFile, BondsByLabelAndBySymbol) {
     EXPECT_THAT(calls_of("BOND Fe1 O1 0 2.5\nCONN FE O 0.5 2.5 RADIUS .2 COLOR 1 0 0 1 NODISPLAY\n"
                          "BOND Fe1 O1 0\nCONN Iron Oxygen 0 3\n",
