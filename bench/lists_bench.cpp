@@ -1,4 +1,4 @@
-/// What the lists of the scene cost, with OpenGL doubled by a counter: distances tried for a bond,
+/// What the lists of the scene cost, with a silent double of OpenGL: distances tried for a bond,
 /// the way from a file to the bonds of its cell (beside gemmi's, where that is installed), moments,
 /// spheres, and a pass of the continuous reading. Times are processor time, so that other programs
 /// count little.
@@ -11,7 +11,7 @@
 #include "scene/wcfgl_io.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
-#include "tests/support/gl_record.hpp"
+#include "tests/support/gl_silent.hpp"
 #include "tests/support/temp_file.hpp"
 
 #ifdef GEMWRIGHT_BENCH_GEMMI
@@ -316,10 +316,9 @@ double bench_spheres(int cells) {
     constexpr std::size_t calls_of_a_list = 3;
     define_box_of(cells);
     wcfgl_metrix::spacegroup_changed = 0;
-    const std::size_t before = gl_record::counted();
+    const std::size_t before = gl_silent::calls();
     wcfgl_atom_tree::update_all_atoms();
-    const std::size_t spheres =
-        (gl_record::counted() - before - calls_of_a_list) / calls_of_a_sphere;
+    const std::size_t spheres = (gl_silent::calls() - before - calls_of_a_list) / calls_of_a_sphere;
     const double nanoseconds =
         1e9 * least_seconds_of(wcfgl_atom_tree::update_all_atoms) / static_cast<double>(spheres);
     std::printf("  %2d cells cubed: %6zu spheres, %.2f ns a sphere\n", cells, spheres, nanoseconds);
@@ -356,7 +355,6 @@ void bench_passes(const TempDirectory& folder) {
 }  // namespace
 
 int main() {
-    gl_record::record(false);
     wcfgl_display::display_init();
     const TempDirectory folder;
     bench_distance_tests(folder);

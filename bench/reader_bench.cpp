@@ -1,10 +1,9 @@
 /// How often a second the reader takes in a file, atoms and bonds expanded and display lists built,
-/// with OpenGL doubled by a counter: what the continuous re-reading costs besides the drawing.
+/// with a silent double of OpenGL: what the continuous re-reading costs besides the drawing.
 ///
 ///     reader_bench [FILE]      a perovskite by default
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_io.hpp"
-#include "tests/support/gl_record.hpp"
 
 #include <algorithm>
 #include <array>
@@ -37,7 +36,6 @@ double passes_a_second(const wcfgl_io::FileName& file) {
 int main(int argc, char** argv) {
     const wcfgl_io::FileName file =
         std::string_view(argc > 1 ? argv[1] : GEMWRIGHT_EXAMPLES "/catio3.gwr");
-    gl_record::record(false);
     wcfgl_io::read_gwr_file(file);
     if (wcfgl_atom_tree::generate_atom_label_array().size() < 2) {
         std::fprintf(stderr, "reader_bench: no atoms in the file\n");

@@ -4,7 +4,6 @@
 #include "scene/wcfgl_io.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
-#include "tests/support/gl_record.hpp"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -33,7 +32,6 @@ struct MemoryFile {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const MemoryFile file;
-    gl_record::record(false);
     file.fill(data, size);
     // What a file without them would take over from the input before.
     wcfgl_metrix::define_box(0, 1, 0, 1, 0, 1);

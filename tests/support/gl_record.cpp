@@ -113,7 +113,6 @@ struct Recorder {
     GLuint last_name = 0;
     GLuint compiling = 0;
     bool on = true;
-    std::size_t counted = 0;
 };
 Recorder& recorder = *new Recorder;  // outlives static objects that still delete lists
 
@@ -235,13 +234,11 @@ void note(Call call) {
 
 void note(const char* name, std::initializer_list<double> arguments = {},
           std::span<const float> array = {}) {
-    ++recorder.counted;
     if (recorder.on) note(make(name, arguments, array));
 }
 
 /// A call that acts at once even while a list is compiled.
 void note_at_once(const char* name, std::initializer_list<double> arguments = {}) {
-    ++recorder.counted;
     if (recorder.on) recorder.calls.push_back(make(name, arguments));
 }
 
@@ -312,7 +309,6 @@ void clear() {
 }
 
 void record(bool on) { recorder.on = on; }
-std::size_t counted() { return recorder.counted; }
 
 }  // namespace gl_record
 

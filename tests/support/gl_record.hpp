@@ -75,8 +75,7 @@ bool exists(GLuint list);
 /// Forgets calls and drawings; lists and state stay.
 void clear();
 
-/// While off, calls are only counted, for measurements of what happens between them.
+/// While off, calls leave nothing behind: for pictures of more shapes than need be kept.
 void record(bool on);
-std::size_t counted();
 
 }  // namespace gl_record

@@ -1,0 +1,18 @@
+/// A silent double of the OpenGL, GLU and toolkit routines that the scene calls.
+///
+/// Linked in place of the libraries where what happens between the calls is measured, or where any
+/// input may come: it counts and keeps nothing of what is drawn. Names of display lists are given
+/// out and taken back as the libraries do, a freed one first.
+#pragma once
+
+#include <cstddef>
+
+namespace gl_silent {
+
+/// Calls since the start, of all routines.
+std::size_t calls();
+
+/// Names of display lists in use now.
+std::size_t names();
+
+}  // namespace gl_silent
