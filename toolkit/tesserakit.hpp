@@ -174,6 +174,9 @@ void wdialogsetfield(int field);
 void wdialoggetinteger(int field, int& value);
 void wdialoggetreal(int field, float& value);
 void wdialoggetdouble(int field, double& value);
+/// What stands in a numeric field now, valid or not, without the blanks around it; empty when there
+/// is no such field.
+std::string wdialoggettypedtext(int field);
 /// Shows a value by `format`, such as "(f7.2)", or else by the field's own, or "(G15.5E2)"; the
 /// format stays with the field. 1009 outside the field's range: the field keeps its text.
 void wdialogputinteger(int field, int value, std::string_view format = {});

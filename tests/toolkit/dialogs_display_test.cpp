@@ -265,6 +265,22 @@ TEST_F(DialogsDisplay, AnEmptyNumberIsUndefined) {
     EXPECT_EQ(infoerror(1), 1010);
 }
 
+TEST_F(DialogsDisplay, TheTypedTextIsWhatStandsInTheField) {
+    wdialogload(105);
+    wdialogputreal(1029, 5.43f, "(f8.2)");
+    EXPECT_EQ(wdialoggettypedtext(1029), "5.43");
+    for (const auto& [typed, wanted] : {std::pair{" -", "-"}, std::pair{"1,5 x ", "1,5 x"}}) {
+        wdialogputstring(1029, typed);
+        EXPECT_EQ(wdialoggettypedtext(1029), wanted) << "no number";
+    }
+    EXPECT_EQ(infoerror(1), 0);
+    EXPECT_EQ(wdialoggettypedtext(1028), "") << "a label";
+    EXPECT_EQ(infoerror(1), 1006);
+    yyDGmakecurrent(-1);
+    EXPECT_EQ(wdialoggettypedtext(1029), "");
+    EXPECT_EQ(infoerror(1), 1005);
+}
+
 TEST_F(DialogsDisplay, ALoadedDialogKeepsItsValues) {
     wdialogload(105);
     wdialogputreal(1029, 5.43f);

@@ -228,6 +228,15 @@ void wdialoggetdouble(int field, double& value) {
     get_number(field, FieldType::Double, value, undefined_double, "WDialogGetDouble");
 }
 
+std::string wdialoggettypedtext(int identifier) {
+    const FieldRecord* field = current_field(identifier, numeric_fields, "WDialogGetTypedText");
+    if (!field) return {};
+    const std::string text = widget_text(*field);
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? std::string()
+                                      : std::string(without_trailing_blanks(text.substr(first)));
+}
+
 void wdialogputinteger(int field, int value, std::string_view format) {
     put_value(field, FieldType::Integer, value, format, "WDialogPutInteger");
 }
