@@ -3,14 +3,14 @@
 #include "crystal/math_gen.hpp"
 #include "scene/wcfgl_geometry.hpp"
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace wcfgl_quaternion {
 namespace {
 
 constexpr float shortest_axis = 1e-8f;
-constexpr float smallest_sine = 1e-10f;
+constexpr double smallest_sine = 1e-10;
 
 Vector3f vector_part(const Quaternion& q) { return {q[1], q[2], q[3]}; }
 Quaternion quaternion(float s, const Vector3f& v) { return {s, v[0], v[1], v[2]}; }
@@ -41,12 +41,16 @@ Vector3f q_rot_vect(const Quaternion& q, const Vector3f& v) {
 }
 
 AngleAxis rot_from_q(const Quaternion& q) {
-    // acosd takes a scalar that has drifted beyond 1 in many products back to the end of its range.
-    const float angle = 2.0f * math_gen::acosd(q[0]);
-    const float sine = math_gen::sind(angle * 0.5f);
-    const Vector3f v = vector_part(q);
-    if (std::abs(sine) <= smallest_sine) return {angle, v};
-    return {angle, {v[0] / sine, v[1] / sine, v[2] / sine}};
+    // By scalar and vector both: near the identity the scalar alone holds the angle to a few
+    // hundredths of a degree only, and a product that has drifted from length 1 keeps its angle.
+    const std::array<double, 3> v{q[1], q[2], q[3]};
+    const double length = std::hypot(v[0], v[1], v[2]);
+    const auto angle =
+        static_cast<float>(2.0 * math_gen::atan2d(length, static_cast<double>(q[0])));
+    if (length <= smallest_sine) return {angle, vector_part(q)};
+    return {angle,
+            {static_cast<float>(v[0] / length), static_cast<float>(v[1] / length),
+             static_cast<float>(v[2] / length)}};
 }
 
 Matrix4f quat2mat(const Quaternion& q) {

@@ -57,18 +57,19 @@ TEST(Quaternion, AVectorTurnsCounterClockwiseAboutTheAxis) {
 }
 
 TEST(Quaternion, AngleAndAxisComeBack) {
-    for (const float angle : {1.0f, 60.0f, 180.0f, 300.0f}) {
+    for (const float angle : {0.01f, 1.0f, 60.0f, 180.0f, 300.0f, 359.99f}) {
         const AngleAxis rotation = rot_from_q(q_from_rot(angle, {0, 3, 4}));
-        // Near the identity the cosine holds the angle poorly: 1e-7 in it is 0.003 degrees at 1.
-        EXPECT_NEAR(rotation.angle, angle, 0.005f);
-        EXPECT_THAT(rotation.axis, ComponentsNear(Vector3f{0, 0.6f, 0.8f}, 0.003f));
+        // The scalar near -1 and the sine of the half angle are floats.
+        EXPECT_NEAR(rotation.angle, angle, 4e-5f);
+        EXPECT_THAT(rotation.axis, ComponentsNear(Vector3f{0, 0.6f, 0.8f}, 4 * rounding));
     }
     const AngleAxis none = rot_from_q(identity);
     EXPECT_EQ(none.angle, 0.0f);
     EXPECT_EQ(none.axis, Vector3f{});
     EXPECT_EQ(q_from_rot(none.angle, none.axis), identity);
-    // Products drift, and a scalar just above 1 is still no rotation.
+    // Products drift from length 1.
     EXPECT_EQ(rot_from_q({1.0000002f, 0, 0, 0}).angle, 0.0f);
+    EXPECT_EQ(rot_from_q({1.01f, 0, 1.01f, 0}).angle, 90.0f);
 }
 
 TEST(Quaternion, TheMatrixTurnsAsTheQuaternionDoes) {
