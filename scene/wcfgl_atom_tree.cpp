@@ -1,7 +1,7 @@
 #include "scene/wcfgl_atom_tree.hpp"
 
 #include "common/fatal.hpp"
-#include "common/number_field.hpp"
+#include "common/list_write.hpp"
 #include "scene/box_cells.hpp"
 #include "scene/wcfgl_atomic_table.hpp"
 #include "scene/wcfgl_metrix.hpp"
@@ -51,22 +51,18 @@ bool search(std::vector<Atom>& atomlist, Predicate matches) {
     return !atomlist.empty();
 }
 
-void append_number(std::string& out, float value, int width, int decimals) {
-    out += number_field::fixed(static_cast<double>(value), width, decimals);
-}
-
 void append_line(std::string& out, const AtomNode& node) {
     const Atom& atom = node.atom;
     out += "ATOM ";
-    out += atom.label.field();
-    out += atom.symbol.field();
-    for (const float x : atom.xf) append_number(out, x, 8, 4);
+    list_write::append_text(out, atom.label);
+    list_write::append_text(out, atom.symbol);
+    list_write::append_fixed(out, atom.xf.c, 8, 4);
     if (atom.default_colour == 0) {
         out += " COLOR";
-        for (const float value : atom.colour) append_number(out, value, 6, 3);
+        list_write::append_fixed(out, atom.colour, 6, 3);
     }
     out += " RADIUS";
-    append_number(out, atom.radius, 6, 3);
+    list_write::append_fixed(out, {&atom.radius, 1}, 6, 3);
     out += node.nodisplay != 0 ? " NODISPLAY" : "          ";
     out += '\n';
 }

@@ -1,6 +1,6 @@
 #include "scene/wcfgl_bond_tree.hpp"
 
-#include "common/number_field.hpp"
+#include "common/list_write.hpp"
 #include "scene/box_cells.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_geometry.hpp"
@@ -83,11 +83,6 @@ void draw_stick(const BondNode& node, const Bond& bond, const BondEnds& ends, co
     const Vector3f along = wcfgl_geometry::cart2spher(p2 - p1);
     draw_half(p1, along, node.radius, bond.colour1);
     draw_half(0.5f * (p1 + p2), along, node.radius, bond.colour2);
-}
-
-void append_fields(std::string& line, std::span<const float> values, int width) {
-    for (const float value : values)
-        line += number_field::fixed(static_cast<double>(value), width, 3);
 }
 
 }  // namespace
@@ -188,14 +183,14 @@ void write_bond_list(std::string& out) {
     for (const BondNode& node : state.bonds) {
         const int width = node.custom_colour ? 7 : 6;
         out += node.by_symbol ? "CONN " : "BOND ";
-        out += node.label1.field();
-        out += node.label2.field();
-        append_fields(out, std::array{node.min_distance, node.max_distance}, width);
+        list_write::append_text(out, node.label1);
+        list_write::append_text(out, node.label2);
+        list_write::append_fixed(out, std::array{node.min_distance, node.max_distance}, width, 3);
         out += " RADIUS";
-        append_fields(out, {&node.radius, 1}, width);
+        list_write::append_fixed(out, {&node.radius, 1}, width, 3);
         if (node.custom_colour) {
             out += " COLOR";
-            append_fields(out, node.bond[0].colour1, 6);
+            list_write::append_fixed(out, node.bond[0].colour1, 6, 3);
         }
         out += node.nodisplay ? " NODISPLAY\n" : "          \n";
     }

@@ -1,5 +1,7 @@
 // The writer: one fixed layout, and a file that is replaced whole or not at all.
 
+#include "common/list_read.hpp"
+#include "common/list_write.hpp"
 #include "common/number_field.hpp"
 #include "crystal/crystallographic_symmetry/space_group.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
@@ -15,6 +17,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstddef>
 #include <cstdio>
@@ -22,6 +25,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace wcfgl_io {
 
@@ -32,46 +36,72 @@ namespace {
 
 // ---- the text -----------------------------------------------------------------------------------
 
-void append(std::string& out, std::span<const float> values, int width, int decimals) {
-    for (const float value : values)
-        out += number_field::fixed(static_cast<double>(value), width, decimals);
-}
+using list_write::append_fixed;
 
 /// A keyword without operands, or as many blanks.
 void append_flag(std::string& out, std::string_view keyword, bool set) {
     set ? out.append(keyword) : out.append(keyword.size(), ' ');
 }
 
+/// Edges and angles. One that is too small for the decimals stands in exponent form: as 0 it would
+/// be no cell.
+void append_cell_sizes(std::string& out, const Vector3f& sizes) {
+    for (const float size : sizes) {
+        const auto value = static_cast<double>(size);
+        std::string field = number_field::fixed(value, 10, 4);
+        if (size > 0.0f && number_field::to_float(field) == 0.0f)
+            field = *number_field::by_format(value, "(E10.4)");
+        list_write::append(out, field);
+    }
+}
+
 void append_cell(std::string& out, const wcfgl_metrix::Cell& cell) {
     out += "CELL ";
-    append(out, cell.cell_length.c, 10, 4);
-    append(out, cell.cell_angle.c, 10, 4);
+    append_cell_sizes(out, cell.cell_length);
+    append_cell_sizes(out, cell.cell_angle);
     out += " COLOR";
-    append(out, cell.colour, 7, 3);
+    append_fixed(out, cell.colour, 7, 3);
     append_flag(out, " MULTIPLE", cell.multiple != 0);
     append_flag(out, " NODISPLAY", cell.nodisplay != 0);
     out += '\n';
 }
 
-void append_view(std::string& out, const Quaternion& quaternion) {
-    const wcfgl_quaternion::AngleAxis view = wcfgl_quaternion::rot_from_q(quaternion);
-    out += "ROTAX ";
-    append(out, std::span(&view.angle, 1), 9, 3);
-    append(out, view.axis.c, 9, 5);
-    out += '\n';
+std::string view_line(const Quaternion& quaternion) {
+    wcfgl_quaternion::AngleAxis view = wcfgl_quaternion::rot_from_q(quaternion);
+    constexpr float least = 0.0005f;  // less prints as no turn, or as a whole one: no axis is left
+    if (view.angle < least || view.angle > 360.0f - least) view = {};
+    std::string out = "ROTAX ";
+    append_fixed(out, {&view.angle, 1}, 9, 3);
+    append_fixed(out, view.axis.c, 9, 5);
+    return out + '\n';
+}
+
+/// The view as it will be read, so that saving it again writes the same line. An axis of five
+/// decimals is not quite of length 1; made so in reading, it can round to another one.
+std::string settled_view_line(const Quaternion& quaternion) {
+    constexpr int enough = 20;  // two are usual
+    std::string line = view_line(quaternion);
+    for (int round = 0; round < enough; ++round) {
+        std::array<float, 4> v{};
+        if (!list_read::Record(std::string_view(line).substr(6)).read(v)) break;
+        std::string next = view_line(wcfgl_quaternion::q_from_rot(v[0], {v[1], v[2], v[3]}));
+        if (next == line) break;
+        line = std::move(next);
+    }
+    return line;
 }
 
 std::string model_text(const Quaternion& quaternion) {
     std::string out = "BKG";
-    append(out, wcfgl_display::background_colour, 7, 3);
+    append_fixed(out, wcfgl_display::background_colour, 7, 3);
     out += '\n';
     if (wcfgl_metrix::current_cell) append_cell(out, *wcfgl_metrix::current_cell);
     if (wcfgl_metrix::current_box) {
         out += "BOX";
-        append(out, *wcfgl_metrix::current_box, 8, 3);
+        append_fixed(out, *wcfgl_metrix::current_box, 8, 3);
         out += '\n';
     }
-    append_view(out, quaternion);
+    out += settled_view_line(quaternion);
     if (wcfgl_metrix::current_space_group) {
         out += "SPACEG ";
         out += wcfgl_metrix::current_space_group->spg_symb.field();
