@@ -1,5 +1,6 @@
 #include "scene/wcfgl_metrix.hpp"
 
+#include "crystal/group_symbol.hpp"
 #include "scene/box_cells.hpp"
 #include "scene/wcfgl_geometry.hpp"
 #include "scene/wcfgl_objects_definition.hpp"
@@ -191,7 +192,8 @@ void define_spacegroup(std::string_view symbol,
             symbol, *current_space_group,
             {.gen = generators, .ngen = static_cast<int>(generators->size()), .mode = "GEN"});
     } else {
-        crystallographic_symmetry::set_spacegroup(symbol, *current_space_group);
+        crystallographic_symmetry::set_spacegroup(group_symbol::table_text(symbol),
+                                                  *current_space_group);
     }
     if (crystallographic_symmetry::err_symm) init_spacegroup();
     spacegroup_changed = 1;

@@ -73,8 +73,8 @@ void init_box();
 /// Makes the group "P 1".
 void init_spacegroup();
 
-/// By number or symbol or, with generators, from these "x,y,z" texts, the symbol then being blank.
-/// A group that can't be built becomes "P 1".
+/// By number or symbol, as people write it (group_symbol::table_text), or, with generators, from
+/// these "x,y,z" texts, the symbol then being blank. A group that can't be built becomes "P 1".
 void define_spacegroup(std::string_view symbol,
                        std::optional<std::span<const FixedText<80>>> generators = {});
 

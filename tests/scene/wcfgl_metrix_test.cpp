@@ -242,6 +242,14 @@ TEST(Group, ASymbolThatNamesNoGroupLeavesP1) {
     EXPECT_EQ(spacegroup_changed, 1);
 }
 
+TEST(Group, ASymbolIsReadAsPeopleWriteIt) {
+    define_spacegroup("R-3c");
+    EXPECT_EQ(current_space_group->num_spg, 167);
+    EXPECT_EQ(current_space_group->multip, 36);
+    define_spacegroup("P2_1/c");
+    EXPECT_EQ(current_space_group->num_spg, 14);
+}
+
 TEST(Group, GeneratorsAreClosedToAGroup) {
     const std::vector<FixedText<80>> generators{"-x,-y,z", "-x,y,-z"};
     define_spacegroup("", std::span(generators));
