@@ -1,6 +1,7 @@
 #include "toolkit/base/fonts.hpp"
 
 #include "common/number_field.hpp"
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/start.hpp"
 
 #include <algorithm>
@@ -13,22 +14,6 @@ namespace {
 
 constexpr char first_printable = 32;
 constexpr char last_printable = 126;
-
-// Motif's argument types name no const.
-char* text(const std::string& value) { return const_cast<char*>(value.c_str()); }
-
-class Arguments {
-public:
-    void add(const char* name, XtArgVal value) {
-        args_[count_++] = {const_cast<char*>(name), value};
-    }
-    Arg* data() { return args_.data(); }
-    Cardinal size() const { return static_cast<Cardinal>(count_); }
-
-private:
-    std::array<Arg, 8> args_{};
-    std::size_t count_ = 0;
-};
 
 /// "Family-size:style": the size in points and the style may be left out.
 struct ScalableName {
@@ -57,8 +42,8 @@ bool is_x_font(const std::string& name) {
 }
 
 XmRenderTable table_of(Arguments& args) {
-    XmRendition rendition = XmRenditionCreate(yydisplay.root_widget, text(XmFONTLIST_DEFAULT_TAG),
-                                              args.data(), args.size());
+    XmRendition rendition = XmRenditionCreate(
+        yydisplay.root_widget, xt_name(XmFONTLIST_DEFAULT_TAG), args.data(), args.count());
     XmRenderTable table = XmRenderTableAddRenditions(nullptr, &rendition, 1, XmMERGE_REPLACE);
     XmRenditionFree(rendition);
     return table;
@@ -68,36 +53,22 @@ XmRenderTable x_font_table(const std::string& name) {
     XFontStruct* font = XLoadQueryFont(yydisplay.display, name.c_str());
     if (!font) return nullptr;
     Arguments args;
-    args.add(XmNfontType, XmFONT_IS_FONT);
-    args.add(XmNfont, reinterpret_cast<XtArgVal>(font));
-    args.add(XmNloadModel, XmLOAD_IMMEDIATE);
+    args(XmNfontType, XmFONT_IS_FONT);
+    args(XmNfont, font);
+    args(XmNloadModel, XmLOAD_IMMEDIATE);
     return table_of(args);
 }
 
 XmRenderTable scalable_table(const std::string& name) {
     const ScalableName parts = scalable_name(name);
     Arguments args;
-    args.add(XmNfontType, XmFONT_IS_XFT);
-    args.add(XmNfontName, reinterpret_cast<XtArgVal>(text(parts.family)));
-    args.add(XmNfontSize, parts.size);
-    if (!parts.style.empty()) args.add(XmNfontStyle, reinterpret_cast<XtArgVal>(text(parts.style)));
-    args.add(XmNloadModel, XmLOAD_IMMEDIATE);
+    args(XmNfontType, XmFONT_IS_XFT);
+    args(XmNfontName, parts.family.c_str());
+    args(XmNfontSize, parts.size);
+    if (!parts.style.empty()) args(XmNfontStyle, parts.style.c_str());
+    args(XmNloadModel, XmLOAD_IMMEDIATE);
     return table_of(args);
 }
-
-/// A compound string that lives as long as its scope.
-class CompoundText {
-public:
-    explicit CompoundText(std::string_view value)
-        : value_(XmStringCreateLocalized(text(std::string(value)))) {}
-    ~CompoundText() { XmStringFree(value_); }
-    CompoundText(const CompoundText&) = delete;
-    CompoundText& operator=(const CompoundText&) = delete;
-    XmString get() const { return value_; }
-
-private:
-    XmString value_;
-};
 
 FontMeasures measure(const TextFont& font) {
     const CompoundText all("Ag");
@@ -134,13 +105,13 @@ void free_font(TextFont& font) {
 
 int text_width(const TextFont& font, std::string_view value) {
     if (value.empty() || !font.table) return 0;
-    return XmStringWidth(font.table, CompoundText(value).get());
+    return XmStringWidth(font.table, CompoundText(std::string(value)).get());
 }
 
 void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseline,
                std::string_view value) {
     if (value.empty() || !font.table) return;
-    const CompoundText string(value);
+    const CompoundText string{std::string(value)};
     const int top = baseline - XmStringBaseline(font.table, string.get());
     XmStringDraw(yydisplay.display, drawable, font.table, string.get(), gc,
                  static_cast<Position>(x), static_cast<Position>(top),

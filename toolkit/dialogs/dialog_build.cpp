@@ -1,3 +1,4 @@
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/picture_scale.hpp"
 #include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/dialogs.hpp"
@@ -31,42 +32,6 @@
 
 namespace tesserakit {
 namespace {
-
-/// Arguments of a widget under construction; Motif's types know no const.
-class Arguments {
-public:
-    template <class Value>
-    Arguments& operator()(const char* name, Value value) {
-        Arg arg{const_cast<char*>(name), 0};
-        if constexpr (std::is_pointer_v<Value>)
-            arg.value = reinterpret_cast<XtArgVal>(value);
-        else
-            arg.value = static_cast<XtArgVal>(value);
-        args_.push_back(arg);
-        return *this;
-    }
-    Widget create(const char* name, WidgetClass type, Widget parent) {
-        return XtCreateWidget(const_cast<char*>(name), type, parent, args_.data(), count());
-    }
-    Arg* data() { return args_.data(); }
-    Cardinal count() const { return static_cast<Cardinal>(args_.size()); }
-
-private:
-    std::vector<Arg> args_;
-};
-
-class CompoundText {
-public:
-    explicit CompoundText(const std::string& text)
-        : text_(XmStringCreateLocalized(const_cast<char*>(text.c_str()))) {}
-    ~CompoundText() { XmStringFree(text_); }
-    CompoundText(const CompoundText&) = delete;
-    CompoundText& operator=(const CompoundText&) = delete;
-    XmString get() const { return text_; }
-
-private:
-    XmString text_;
-};
 
 Arguments placed(const Box& box) {
     Arguments args;
@@ -123,11 +88,10 @@ bool is_ascii(const std::string& text) {
 }
 
 bool is_scalable(const TextFont& font) {
-    XmRendition rendition =
-        XmRenderTableGetRendition(font.table, const_cast<char*>(XmFONTLIST_DEFAULT_TAG));
+    XmRendition rendition = XmRenderTableGetRendition(font.table, xt_name(XmFONTLIST_DEFAULT_TAG));
     if (!rendition) return false;
     XmFontType type = XmFONT_IS_FONT;
-    Arg arg{const_cast<char*>(XmNfontType), reinterpret_cast<XtArgVal>(&type)};
+    Arg arg{xt_name(XmNfontType), reinterpret_cast<XtArgVal>(&type)};
     XmRenditionRetrieve(rendition, &arg, 1);
     XmRenditionFree(rendition);
     return type == XmFONT_IS_XFT;
@@ -748,8 +712,8 @@ Widget create_shell(DialogRecord& dialog) {
     args(XmNmwmFunctions, functions)(XmNmwmDecorations, decorations(dialog));
     const std::string title = dialog.title.empty() ? " " : dialog.title;
     args(XmNtitle, title.c_str());
-    const Widget shell = XmCreateDialogShell(yydialogparent(), const_cast<char*>("TessShell"),
-                                             args.data(), args.count());
+    const Widget shell =
+        XmCreateDialogShell(yydialogparent(), xt_name("TessShell"), args.data(), args.count());
     XmAddWMProtocolCallback(shell, yydisplay.wm_delete_window, yyDGDialogWMCloseCB, &dialog);
     return shell;
 }

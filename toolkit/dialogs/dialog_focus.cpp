@@ -4,6 +4,7 @@
 // lost it looked at: a bad number marks that field, and the focus goes back to it as soon as the
 // event is done with.
 
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/dialogs.hpp"
 #include "toolkit/messages/modal.hpp"
@@ -210,7 +211,7 @@ void step_radio(FieldRecord& field, bool forward) {
 // Keys
 
 void activate(const FieldRecord& button, XEvent* event) {
-    XtCallActionProc(button.widget, const_cast<char*>("ArmAndActivate"), event, nullptr, 0);
+    XtCallActionProc(button.widget, xt_name("ArmAndActivate"), event, nullptr, 0);
 }
 
 int focused_identifier(const DialogRecord& dialog, int otherwise) {
@@ -280,7 +281,7 @@ void edit_text(Widget text, char key, Time time) {
         case 'T': {
             if (!XmTextGetEditable(text)) break;
             const XmTextPosition at = XmTextGetInsertionPosition(text);
-            XmTextReplace(text, at, at, const_cast<char*>(key == 'R' ? "\n" : "\t"));
+            XmTextReplace(text, at, at, xt_name(key == 'R' ? "\n" : "\t"));
             XmTextSetInsertionPosition(text, at + 1);
             break;
         }
@@ -373,7 +374,7 @@ std::string keys_of(const FieldRecord& field) {
 
 void install(Widget widget, const std::string& keys) {
     static const bool known = [] {
-        XtActionsRec action{const_cast<char*>("yyDGKeyTrans"), yyDGKeyTrans};
+        XtActionsRec action{xt_name("yyDGKeyTrans"), yyDGKeyTrans};
         XtAppAddActions(yydisplay.app, &action, 1);
         return true;
     }();

@@ -1,8 +1,10 @@
 #include "toolkit/base/errors.hpp"
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/dialogs.hpp"
 #include "toolkit/widgets/combo.hpp"
 #include "toolkit/widgets/grid.hpp"
+#include "toolkit/widgets/list_items.hpp"
 #include "toolkit/widgets/progress.hpp"
 #include "toolkit/widgets/spin.hpp"
 
@@ -28,18 +30,11 @@ constexpr FieldTypes text_fields{
     FieldType::String, FieldType::Integer, FieldType::Real,  FieldType::Double, FieldType::Label,
     FieldType::Group,  FieldType::Button,  FieldType::Check, FieldType::Radio,  FieldType::Combo};
 
-std::string taken(char* text) {
-    std::string result = text ? text : "";
-    XtFree(text);
-    return result;
-}
-
 void set_label(FieldRecord& field, const std::string& text) {
     // A group without a title label has its frame alone.
     if (!XmIsLabel(field.widget)) return;
-    XmString label = XmStringCreateLocalized(const_cast<char*>(text.c_str()));
-    XtVaSetValues(field.widget, XmNlabelString, label, nullptr);
-    XmStringFree(label);
+    const CompoundText label(text);
+    XtVaSetValues(field.widget, XmNlabelString, label.get(), nullptr);
 }
 
 /// A put into the field that is being typed in takes the place of what was typed.
@@ -128,7 +123,7 @@ std::string widget_text(const FieldRecord& field) {
 }
 
 void set_widget_text(FieldRecord& field, const std::string& text) {
-    char* const value = const_cast<char*>(text.c_str());
+    char* const value = xt_name(text);
     if (typed_fields.has(field.type))
         XmTextSetString(field.widget, value);
     else if (field.type == FieldType::Combo)
@@ -162,36 +157,23 @@ void set_radio(FieldRecord& radio) {
 
 void set_options(FieldRecord& field, std::span<const std::string> options) {
     if (field.type == FieldType::Combo) return combo_set_options(field.widget, options);
-    std::vector<XmString> items;
-    for (const std::string& option : options)
-        items.push_back(XmStringCreateLocalized(const_cast<char*>(option.c_str())));
-    XmListDeleteAllItems(field.widget);
-    XmListAddItemsUnselected(field.widget, items.data(), static_cast<int>(items.size()), 0);
-    for (XmString item : items) XmStringFree(item);
+    set_items(field.widget, options);
 }
 
 int option_count(const FieldRecord& field) {
     if (field.type == FieldType::Combo) return combo_count(field.widget);
-    int count = 0;
-    XtVaGetValues(field.widget, XmNitemCount, &count, nullptr);
-    return count;
+    return item_count(field.widget);
 }
 
 int selected_option(const FieldRecord& field) {
     if (field.type == FieldType::Combo) return combo_selected(field.widget);
-    int* positions = nullptr;
-    int count = 0;
-    if (!XmListGetSelectedPos(field.widget, &positions, &count)) return 0;
-    const int option = count > 0 ? positions[0] : 0;
-    XtFree(reinterpret_cast<char*>(positions));
-    return option;
+    return selected_item(field.widget);
 }
 
 void select_option(FieldRecord& field, int option) {
     if (field.type == FieldType::Combo) return combo_select(field.widget, option);
-    XmListDeselectAllItems(field.widget);
+    select_item(field.widget, option);
     if (option < 1) return;
-    XmListSelectPos(field.widget, option, False);
     int top = 0;
     int visible = 0;
     XtVaGetValues(field.widget, XmNtopItemPosition, &top, XmNvisibleItemCount, &visible, nullptr);
@@ -330,18 +312,11 @@ void wdialoggetmenu1(int identifier, int& option) {
 void wdialoggetmenu2(int identifier, std::string& text) {
     const FieldRecord* field = current_field(identifier, menu_fields, "WDialogGetMenu");
     if (!field) return;
-    text.clear();
     if (field->type == FieldType::Combo) {
         text = without_trailing_blanks(widget_text(*field));
         return;
     }
-    const int option = selected_option(*field);
-    XmStringTable items = nullptr;
-    XtVaGetValues(field->widget, XmNitems, &items, nullptr);
-    if (option < 1 || !items) return;
-    const std::string item = taken(static_cast<char*>(XmStringUnparse(
-        items[option - 1], nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL)));
-    text = without_trailing_blanks(item);
+    text = without_trailing_blanks(item_text(field->widget, selected_option(*field)));
 }
 
 void wdialogputmenu1(int identifier, std::span<const std::string> options, int selected) {

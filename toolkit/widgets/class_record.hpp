@@ -3,6 +3,7 @@
 /// Every member of the records is named here once; a class names only what it does.
 #pragma once
 
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/widgets/placement.hpp"
 
 #include <X11/IntrinsicP.h>
@@ -19,9 +20,6 @@
 #include <span>
 
 namespace tesserakit {
-
-/// Xt takes resource, class and action names as char*, and writes through none of them.
-inline String xt_name(const char* name) { return const_cast<String>(name); }
 
 /// A frame of `thickness` pixels just inside a rectangle; `type` is XmSHADOW_IN and the like.
 inline void draw_shadows(Widget widget, GC top, GC bottom, int x, int y, int width, int height,

@@ -1,13 +1,13 @@
 #include "toolkit/widgets/combo_p.hpp"
 
 #include "toolkit/base/start.hpp"
+#include "toolkit/widgets/list_items.hpp"
 
 #include <Xm/List.h>
 #include <Xm/TextF.h>
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 namespace tesserakit {
 namespace {
@@ -72,48 +72,22 @@ Widget combo_text(Widget combo) { return record(combo).combo_box.edit_box; }
 Widget combo_list(Widget combo) { return record(combo).combo_box.list; }
 
 void combo_set_options(Widget combo, std::span<const std::string> options) {
-    std::vector<XmString> items;
-    for (const std::string& option : options)
-        items.push_back(XmStringCreateLocalized(const_cast<char*>(option.c_str())));
     const Widget list = combo_list(combo);
-    XmListDeleteAllItems(list);
-    XmListAddItemsUnselected(list, items.data(), static_cast<int>(items.size()), 0);
-    for (XmString item : items) XmStringFree(item);
+    set_items(list, options);
     constexpr int most_shown = 8;
-    const int shown = std::clamp(static_cast<int>(items.size()), 1, most_shown);
+    const int shown = std::clamp(static_cast<int>(options.size()), 1, most_shown);
     XtVaSetValues(list, XmNvisibleItemCount, shown, nullptr);
     combo_select(combo, 0);
 }
 
 void combo_select(Widget combo, int option) {
-    const Widget list = combo_list(combo);
-    XmListDeselectAllItems(list);
-    char* text = nullptr;
-    if (option > 0) {
-        XmListSelectPos(list, option, False);
-        XmStringTable items = nullptr;
-        XtVaGetValues(list, XmNitems, &items, nullptr);
-        text = static_cast<char*>(XmStringUnparse(items[option - 1], nullptr, XmCHARSET_TEXT,
-                                                  XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL));
-    }
+    select_item(combo_list(combo), option);
     // XmComboBoxUpdate leaves the text of a combo that was never opened as it was.
-    XmTextFieldSetString(combo_text(combo), text ? text : const_cast<char*>(""));
-    XtFree(text);
+    XmTextFieldSetString(combo_text(combo), xt_name(item_text(combo_list(combo), option)));
 }
 
-int combo_selected(Widget combo) {
-    int* positions = nullptr;
-    int count = 0;
-    if (!XmListGetSelectedPos(combo_list(combo), &positions, &count)) return 0;
-    const int option = count > 0 ? positions[0] : 0;
-    XtFree(reinterpret_cast<char*>(positions));
-    return option;
-}
+int combo_selected(Widget combo) { return selected_item(combo_list(combo)); }
 
-int combo_count(Widget combo) {
-    int count = 0;
-    XtVaGetValues(combo_list(combo), XmNitemCount, &count, nullptr);
-    return count;
-}
+int combo_count(Widget combo) { return item_count(combo_list(combo)); }
 
 }  // namespace tesserakit

@@ -1,5 +1,7 @@
 #include "toolkit/widgets/wind_p.hpp"
 
+#include "toolkit/base/motif_text.hpp"
+
 #include <X11/StringDefs.h>
 
 #include <array>
@@ -8,18 +10,16 @@ namespace tesserakit {
 
 namespace {
 
-// Xt takes resource and class names as char*, and writes through neither.
-String text(const char* name) { return const_cast<String>(name); }
-
 WindRec& record(Widget widget) { return *reinterpret_cast<WindRec*>(widget); }
 
 std::array<XtResource, 3> resources{{
-    {text(windNvisual), text("WindVisual"), text(XtRPointer), sizeof(Visual*),
-     offsetof(WindRec, wind.visual), text(XtRImmediate), nullptr},
-    {text(windNmask), text("WindMask"), text("Long"), sizeof(long), offsetof(WindRec, wind.mask),
-     text(XtRImmediate), nullptr},
-    {text(windNattributes), text("WindAttributes"), text(XtRPointer), sizeof(XSetWindowAttributes*),
-     offsetof(WindRec, wind.attributes), text(XtRImmediate), nullptr},
+    {xt_name(windNvisual), xt_name("WindVisual"), xt_name(XtRPointer), sizeof(Visual*),
+     offsetof(WindRec, wind.visual), xt_name(XtRImmediate), nullptr},
+    {xt_name(windNmask), xt_name("WindMask"), xt_name("Long"), sizeof(long),
+     offsetof(WindRec, wind.mask), xt_name(XtRImmediate), nullptr},
+    {xt_name(windNattributes), xt_name("WindAttributes"), xt_name(XtRPointer),
+     sizeof(XSetWindowAttributes*), offsetof(WindRec, wind.attributes), xt_name(XtRImmediate),
+     nullptr},
 }};
 
 void copy_attributes(XSetWindowAttributes& to, const XSetWindowAttributes& from, long mask) {
@@ -55,7 +55,7 @@ void realize(Widget widget, XtValueMask* mask, XSetWindowAttributes* attributes)
 WindClassRec class_record() {
     return {
         .core_class = {.superclass = &coreClassRec,
-                       .class_name = text("Wind"),
+                       .class_name = xt_name("Wind"),
                        .widget_size = sizeof(WindRec),
                        .class_initialize = nullptr,
                        .class_part_initialize = nullptr,
