@@ -1,4 +1,4 @@
-#include "toolkit/dialogs/dialog_resize.hpp"
+#include "toolkit/dialogs/resize.hpp"
 
 #include <gtest/gtest.h>
 

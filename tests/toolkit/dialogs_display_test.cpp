@@ -5,7 +5,9 @@
 
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/start.hpp"
-#include "toolkit/dialogs/dialogs.hpp"
+#include "toolkit/dialogs/fields/combo.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/records.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/widgets/combo.hpp"
 

@@ -1,12 +1,16 @@
-#include "toolkit/dialogs/dialogs.hpp"
-
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/start.hpp"
+#include "toolkit/dialogs/build.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/layout.hpp"
+#include "toolkit/dialogs/load.hpp"
+#include "toolkit/dialogs/post.hpp"
+#include "toolkit/dialogs/records.hpp"
+#include "toolkit/dialogs/show.hpp"
 #include "toolkit/messages/messages.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/widgets/placement.hpp"
-#include "toolkit/windows/gl_target.hpp"
 #include "toolkit/windows/windows.hpp"
 
 #include <Xm/Xm.h>
@@ -14,106 +18,7 @@
 #include <algorithm>
 
 namespace tesserakit {
-
-// Never destroyed: at exit the display may be gone.
-std::array<DialogRecord, dialog_slots>& wDialogInfo = *new std::array<DialogRecord, dialog_slots>;
-constinit int wDialog = -1;
-
 namespace {
-
-struct State {
-    int last_exit_dialog = 0;  // identifier
-};
-constinit State state{};
-
-DialogRecord& record_of(int slot) { return wDialogInfo[static_cast<std::size_t>(slot)]; }
-
-DialogRecord* record_or_null(int slot) {
-    if (slot < 0 || slot >= dialog_slots || !record_of(slot).loaded()) return nullptr;
-    return &record_of(slot);
-}
-
-int free_slot() {
-    const auto found =
-        std::ranges::find_if(wDialogInfo, [](const DialogRecord& d) { return !d.loaded(); });
-    return found == wDialogInfo.end() ? -1 : static_cast<int>(found - wDialogInfo.begin());
-}
-
-bool child_style(const DialogRecord& dialog) { return (dialog.style & dialog_style::child) != 0; }
-
-/// What a child-style dialog that is neither a page nor in a window is built in.
-Widget loose_parent() {
-    if (wCurrentWindow >= 0) {
-        const WindowSlot& slot = windows[static_cast<std::size_t>(wCurrentWindow)];
-        if (slot.open()) return slot.window_widget;
-    }
-    return yydisplay.root_widget;
-}
-
-/// Loads into a free slot: the slot, or -1.
-int load_dialog(int identifier) {
-    const int slot = free_slot();
-    if (slot < 0 || !yydisplay.display) return -1;
-    DialogRecord& dialog = record_of(slot);
-    if (!load_records(dialog, identifier)) return -1;
-    create_widgets(dialog, child_style(dialog) ? loose_parent() : nullptr);
-    return slot;
-}
-
-void free_images(DialogRecord& dialog) {
-    for (FieldRecord& field : dialog.fields) {
-        if (!field.image.pixmap) continue;
-        yyResourceFreeImagePixels(field.image);
-        XFreePixmap(yydisplay.display, field.image.pixmap);
-    }
-}
-
-void unload(DialogRecord& dialog) {
-    for (FieldRecord& field : dialog.fields)
-        for (const TabPage& page : field.pages)
-            if (page.slot >= 0) unload(record_of(page.slot));
-    forget_focus(dialog);
-    if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
-    gl_forget_dialog(slot_of(dialog));
-    if (wDialog == slot_of(dialog)) wDialog = -1;
-    destroy_widgets(dialog);
-    free_images(dialog);
-    dialog = DialogRecord{};
-}
-
-// Showing
-
-int centred(int extent, int available) { return std::max(0, (available - extent) / 2); }
-
-void position_shell(DialogRecord& dialog, int x, int y) {
-    x = x == dialog_centred ? centred(dialog.width, yydisplay.width) : x;
-    y = y == dialog_centred ? centred(dialog.height, yydisplay.height) : y;
-    XtVaSetValues(dialog.shell, XmNx, static_cast<int>(x), XmNy, static_cast<int>(y), nullptr);
-}
-
-void position_child(DialogRecord& dialog, int x, int y) {
-    const WindowSlot& slot = windows[static_cast<std::size_t>(std::max(0, wCurrentWindow))];
-    x = x == dialog_centred ? centred(dialog.width, slot.width) : pixels_from_units(x, slot.width);
-    y = y == dialog_centred ? centred(dialog.height, slot.height)
-                            : pixels_from_units(y, slot.height);
-    place(dialog.widget, x, y, dialog.width, dialog.height);
-}
-
-void restack_all(DialogRecord& dialog) {
-    restack(dialog);
-    for (FieldRecord& field : dialog.fields)
-        for (const TabPage& page : field.pages)
-            if (page.slot >= 0) restack(record_of(page.slot));
-}
-
-/// Motif gives the focus to it once the shell has the keyboard.
-void focus_at_start(DialogRecord& dialog, int field) {
-    FieldRecord* wanted = field != 0 ? find_field(dialog, field) : nullptr;
-    if (!wanted || !can_focus(*wanted)) wanted = first_focus(dialog);
-    if (!wanted) return;
-    XtVaSetValues(dialog.widget, XmNinitialFocus, wanted->focus_widget, nullptr);
-    move_focus(*wanted);
-}
 
 /// The mode that the dialog is shown in: nothing modeless beside a semi-modal object.
 int allowed_mode(int mode) {
@@ -133,48 +38,6 @@ int child_error() {
     return slot.type == WindowType::Plain ? 0 : int{DialogHoldsWindow};
 }
 
-/// yydialogshow2
-void map_dialog(DialogRecord& dialog, int x, int y, int field, int mode) {
-    if (dialog.shown()) {
-        const Widget top = dialog.shell ? dialog.shell : dialog.widget;
-        XRaiseWindow(display_of(top), window_of(top));
-        if (field != 0) focus_at_start(dialog, field);
-        return;
-    }
-    if (dialog.shell)
-        position_shell(dialog, x, y);
-    else
-        position_child(dialog, x, y);
-    dialog.show_mode = mode;
-    XtManageChild(dialog.widget);
-    lay_out_fields(dialog);
-    restack_all(dialog);
-    focus_at_start(dialog, field);
-}
-
-void run_modal(DialogRecord& dialog, int x, int y, int field) {
-    // Taken with the dialog on the screen the pictures would lack what it covers.
-    yygetwindowbitmap(true);
-    map_dialog(dialog, x, y, field, DialogModal);
-    yyMSModalMessageLoop(dialog.widget, slot_of(dialog));
-    yygetwindowbitmap(false);
-    hide_dialog_record(dialog);
-}
-
-/// A dialog that fills a window is on the screen with it, whatever the mode.
-void show_hosted(DialogRecord& dialog, int field) {
-    const WindowSlot& slot = windows[static_cast<std::size_t>(dialog.window)];
-    if (!slot.visible) return yyerror(ParentHidden, "WDialogShow");
-    XRaiseWindow(yydisplay.display, slot.shell);
-    if (field != 0) focus_at_start(dialog, field);
-}
-
-void show_page(DialogRecord& page) {
-    FieldRecord& tab = *page.tab;
-    const auto found = std::ranges::find(tab.pages, slot_of(page), &TabPage::slot);
-    if (found != tab.pages.end()) bring_to_front(tab, static_cast<int>(found - tab.pages.begin()));
-}
-
 bool hideable(const DialogRecord& dialog, const char* routine) {
     if (dialog.is_page()) {
         yyerror(SubDialogNotHidden, routine);
@@ -185,19 +48,6 @@ bool hideable(const DialogRecord& dialog, const char* routine) {
         return false;
     }
     return true;
-}
-
-/// A window that was clicked while a dialog locked it out has the focus of the display, but its
-/// widgets haven't heard of it: the news was held back as all input is. This repeats it.
-void repeat_focus(const DialogRecord& leaving) {
-    Window focus = 0;
-    int revert = 0;
-    XGetInputFocus(yydisplay.display, &focus, &revert);
-    const Widget widget =
-        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
-    if (!widget || dialog_around(widget) == &leaving) return;
-    XSetInputFocus(yydisplay.display, PointerRoot, RevertToPointerRoot, CurrentTime);
-    XSetInputFocus(yydisplay.display, focus, revert, CurrentTime);
 }
 
 /// Position on the screen of the dialog's upper left corner.
@@ -211,79 +61,6 @@ void screen_position(const DialogRecord& dialog, int& x, int& y) {
 }
 
 }  // namespace
-
-// The records
-
-DialogRecord* current_dialog(const char* routine) {
-    DialogRecord* dialog = record_or_null(wDialog);
-    if (!dialog) yyerror(NoDialogSelected, routine);
-    return dialog;
-}
-
-FieldRecord* find_field(DialogRecord& dialog, int identifier) {
-    const auto found = std::ranges::find(dialog.fields, identifier, &FieldRecord::identifier);
-    return found == dialog.fields.end() ? nullptr : &*found;
-}
-
-FieldRecord* current_field(int identifier, FieldTypes allowed, const char* routine) {
-    DialogRecord* dialog = current_dialog(routine);
-    if (!dialog) return nullptr;
-    FieldRecord* field = find_field(*dialog, identifier);
-    if (field && field->widget && allowed.has(field->type)) return field;
-    yyerror(InvalidField, routine, identifier);
-    return nullptr;
-}
-
-DialogRecord* dialog_around(Widget widget) {
-    for (; widget; widget = (XtParent)(widget)) {
-        for (DialogRecord& dialog : wDialogInfo)
-            if (dialog.loaded() && (dialog.widget == widget || dialog.shell == widget))
-                return &dialog;
-        // A list that a combo has opened is a window of its own.
-        if (XtIsShell(widget)) return nullptr;
-    }
-    return nullptr;
-}
-
-FieldRecord* field_around(Widget widget) {
-    DialogRecord* dialog = dialog_around(widget);
-    for (; dialog && widget && widget != dialog->widget; widget = (XtParent)(widget))
-        for (FieldRecord& field : dialog->fields)
-            if (field.position_widget == widget) return &field;
-    return nullptr;
-}
-
-DialogRecord& outermost(DialogRecord& dialog) {
-    return dialog.is_page() ? outermost(*dialog.tab->dialog) : dialog;
-}
-
-int slot_of(const DialogRecord& dialog) { return static_cast<int>(&dialog - wDialogInfo.data()); }
-
-int load_page(FieldRecord& tab, int identifier) {
-    const int slot = free_slot();
-    if (slot < 0 || yyDGslot(identifier) >= 0) return -1;
-    DialogRecord& page = record_of(slot);
-    if (!load_records(page, identifier)) return -1;
-    page.tab = &tab;
-    create_widgets(page, tab.dialog->widget);
-    return slot;
-}
-
-void hide_dialog_record(DialogRecord& dialog) {
-    if (!dialog.shown()) return;
-    revert_typing(dialog);
-    const bool locked_out = dialog.show_mode != DialogModeless;
-    if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
-    // Before the widgets go: Motif moves the focus on while they do.
-    dialog.show_mode = -1;
-    if (dialog.widget) XtUnmanageChild(dialog.widget);
-    if (locked_out) repeat_focus(dialog);
-    for (FieldRecord& field : dialog.fields)
-        for (const TabPage& page : field.pages)
-            if (page.slot >= 0) record_of(page.slot).show_mode = -1;
-}
-
-void note_exit(const DialogRecord& dialog) { state.last_exit_dialog = dialog.identifier; }
 
 // What the rest of the toolkit asks
 
@@ -304,35 +81,35 @@ int yyDGslot(int identifier) {
 }
 
 int yyDGidentifier(int slot) {
-    const DialogRecord* dialog = record_or_null(slot);
+    const DialogRecord* dialog = loaded_dialog(slot);
     return dialog ? dialog->identifier : -1;
 }
 
 int yyDGcurrent() { return wDialog; }
 
 PostingState* yyDGposting(int slot) {
-    DialogRecord* dialog = record_or_null(slot);
+    DialogRecord* dialog = loaded_dialog(slot);
     return dialog ? &dialog->posting : nullptr;
 }
 
 SemiModalLink* yyDGsemilink(int slot) {
-    DialogRecord* dialog = record_or_null(slot);
+    DialogRecord* dialog = loaded_dialog(slot);
     return dialog ? &dialog->previous : nullptr;
 }
 
 Widget yyDGwidget(int slot) {
-    const DialogRecord* dialog = record_or_null(slot);
+    const DialogRecord* dialog = loaded_dialog(slot);
     return dialog ? dialog->widget : nullptr;
 }
 
 int yyDGmakecurrent(int slot) {
     const int former = wDialog;
-    wDialog = record_or_null(slot) ? slot : -1;
+    wDialog = loaded_dialog(slot) ? slot : -1;
     return former;
 }
 
 int yyDGwindow(int slot) {
-    const DialogRecord* dialog = record_or_null(slot);
+    const DialogRecord* dialog = loaded_dialog(slot);
     return dialog ? dialog->window : -1;
 }
 
@@ -364,7 +141,7 @@ int yyDGhost(int identifier, int window, Widget parent) {
     const HostedDialog check = yyDGhostcheck(identifier);
     if (check.status != 0) return check.status;
     const int slot = free_slot();
-    DialogRecord& dialog = record_of(slot);
+    DialogRecord& dialog = dialog_slot(slot);
     load_records(dialog, identifier);
     dialog.window = window;
     create_widgets(dialog, parent);
@@ -372,7 +149,7 @@ int yyDGhost(int identifier, int window, Widget parent) {
 }
 
 void yyDGhostplace(int slot, int x, int y, int width, int height) {
-    DialogRecord* dialog = record_or_null(slot);
+    DialogRecord* dialog = loaded_dialog(slot);
     if (!dialog) return;
     place(dialog->widget, x, y, width, height);
     lay_out_fields(*dialog);
@@ -383,11 +160,11 @@ void yyDGhostplace(int slot, int x, int y, int width, int height) {
 }
 
 void yyDGunload(int slot) {
-    if (DialogRecord* dialog = record_or_null(slot)) unload(*dialog);
+    if (DialogRecord* dialog = loaded_dialog(slot)) unload(*dialog);
 }
 
 bool yyDGshellresized(int slot, int width, int height) {
-    DialogRecord* dialog = record_or_null(slot);
+    DialogRecord* dialog = loaded_dialog(slot);
     if (!dialog || !dialog->shell || (dialog->width == width && dialog->height == height))
         return false;
     dialog->width = width;
@@ -396,7 +173,7 @@ bool yyDGshellresized(int slot, int width, int height) {
 }
 
 PictureField yyDGpicture(int slot, int identifier) {
-    DialogRecord* dialog = record_or_null(slot);
+    DialogRecord* dialog = loaded_dialog(slot);
     const FieldRecord* field = dialog ? find_field(*dialog, identifier) : nullptr;
     if (!field) return {};
     return {.exists = true,
@@ -409,7 +186,7 @@ PictureField yyDGpicture(int slot, int identifier) {
 }
 
 void yyDGadopt(int slot, int identifier, Widget widget) {
-    DialogRecord* dialog = record_or_null(slot);
+    DialogRecord* dialog = loaded_dialog(slot);
     FieldRecord* field = dialog ? find_field(*dialog, identifier) : nullptr;
     if (!field) return;
     // The widget of a former context may have been destroyed with it; ours is still there.
@@ -497,8 +274,8 @@ void wdialogsetfield(int identifier) {
 }
 
 int winfodialog(int item) {
-    DialogRecord* dialog = record_or_null(wDialog);
-    if (item == 5) return state.last_exit_dialog;
+    DialogRecord* dialog = loaded_dialog(wDialog);
+    if (item == 5) return last_exit_dialog();
     if (!dialog) return 0;
     int x = 0;
     int y = 0;

@@ -1,6 +1,12 @@
+#include "toolkit/dialogs/load.hpp"
+
 #include "toolkit/base/start.hpp"
-#include "toolkit/dialogs/dialog_resize.hpp"
-#include "toolkit/dialogs/dialogs.hpp"
+#include "toolkit/dialogs/build.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/resize.hpp"
+#include "toolkit/messages/modal.hpp"
+#include "toolkit/windows/gl_target.hpp"
+#include "toolkit/windows/windows.hpp"
 
 namespace tesserakit {
 namespace {
@@ -141,6 +147,25 @@ void set_resize_masks(DialogRecord& dialog) {
     for (std::size_t i = 0; i < masks.size(); ++i) dialog.fields[i].resize_mask = masks[i];
 }
 
+bool child_style(const DialogRecord& dialog) { return (dialog.style & dialog_style::child) != 0; }
+
+/// What a child-style dialog that is neither a page nor in a window is built in.
+Widget loose_parent() {
+    if (wCurrentWindow >= 0) {
+        const WindowSlot& slot = windows[static_cast<std::size_t>(wCurrentWindow)];
+        if (slot.open()) return slot.window_widget;
+    }
+    return yydisplay.root_widget;
+}
+
+void free_images(DialogRecord& dialog) {
+    for (FieldRecord& field : dialog.fields) {
+        if (!field.image.pixmap) continue;
+        yyResourceFreeImagePixels(field.image);
+        XFreePixmap(yydisplay.display, field.image.pixmap);
+    }
+}
+
 }  // namespace
 
 int pixels_across(int units) { return units * dialog_units.horizontal / 4; }
@@ -165,6 +190,39 @@ bool load_records(DialogRecord& dialog, int identifier) {
         dialog.fields.push_back(field_record(dialog, columns, i));
     set_resize_masks(dialog);
     return true;
+}
+
+/// Loads into a free slot: the slot, or -1.
+int load_dialog(int identifier) {
+    const int slot = free_slot();
+    if (slot < 0 || !yydisplay.display) return -1;
+    DialogRecord& dialog = dialog_slot(slot);
+    if (!load_records(dialog, identifier)) return -1;
+    create_widgets(dialog, child_style(dialog) ? loose_parent() : nullptr);
+    return slot;
+}
+
+int load_page(FieldRecord& tab, int identifier) {
+    const int slot = free_slot();
+    if (slot < 0 || yyDGslot(identifier) >= 0) return -1;
+    DialogRecord& page = dialog_slot(slot);
+    if (!load_records(page, identifier)) return -1;
+    page.tab = &tab;
+    create_widgets(page, tab.dialog->widget);
+    return slot;
+}
+
+void unload(DialogRecord& dialog) {
+    for (FieldRecord& field : dialog.fields)
+        for (const TabPage& page : field.pages)
+            if (page.slot >= 0) unload(dialog_slot(page.slot));
+    forget_focus(dialog);
+    if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
+    gl_forget_dialog(slot_of(dialog));
+    if (wDialog == slot_of(dialog)) wDialog = -1;
+    destroy_widgets(dialog);
+    free_images(dialog);
+    dialog = DialogRecord{};
 }
 
 }  // namespace tesserakit

@@ -1,7 +1,7 @@
 /// The dialogs: their slots, and what stands in a slot.
 ///
-/// A dialog is loaded from the resource block once, as records (dialog_load), then as widgets
-/// (dialog_build); from then on its values live in the widgets. A dialog has a shell of its own,
+/// A dialog is loaded from the resource block once, as records (load.hpp), then as widgets
+/// (build.hpp); from then on its values live in the widgets. A dialog has a shell of its own,
 /// or fills a window, or is the page of a tab in another dialog.
 ///
 /// Sizes and positions are pixels. Nothing of this is seen by the application.
@@ -45,6 +45,9 @@ private:
     static constexpr unsigned bit(FieldType type) { return 1U << static_cast<int>(type); }
     unsigned bits_ = 0;
 };
+/// The user types into these.
+inline constexpr FieldTypes typed_fields{FieldType::String, FieldType::Integer, FieldType::Real,
+                                         FieldType::Double};
 inline constexpr FieldTypes numeric_fields{FieldType::Integer, FieldType::Real, FieldType::Double};
 
 struct DialogRecord;
@@ -133,6 +136,12 @@ FieldRecord* field_around(Widget widget);
 /// The dialog itself, or for a page the one with the tab, outwards to the last.
 DialogRecord& outermost(DialogRecord& dialog);
 int slot_of(const DialogRecord& dialog);
+/// The record of a slot, loaded or free.
+DialogRecord& dialog_slot(int slot);
+/// The record of a slot, null for a free one and outside 0 to 99.
+DialogRecord* loaded_dialog(int slot);
+/// -1 when all are taken.
+int free_slot();
 
 /// While it lives the dialog's fields change without a message.
 class Suppression {
@@ -145,82 +154,5 @@ public:
 private:
     DialogRecord& dialog_;
 };
-
-// dialog_load.cpp
-
-/// yyDGrcLoad: fills a free record from the resource, its fields without widgets. False, and the
-/// record still free, when the resource has no such dialog.
-bool load_records(DialogRecord& dialog, int identifier);
-int pixels_across(int units);
-int pixels_down(int units);
-
-// dialog_build.cpp
-
-/// yyDGDialogCreate: the widget of a dialog (and its shell, without a `parent`) and of its fields.
-void create_widgets(DialogRecord& dialog, Widget parent);
-/// Destroys them, unless a window has taken them along already.
-void destroy_widgets(DialogRecord& dialog);
-/// Puts group boxes and tabs behind the fields that stand in them. The widgets are realized.
-void restack(DialogRecord& dialog);
-
-// dialog_layout.cpp
-
-/// yyDGFieldUpdateSize: places the fields for the present size of the dialog's widget.
-void lay_out_fields(DialogRecord& dialog);
-/// A combo's height in the resource is that of its opened list; closed it takes one line of it.
-int closed_combo_height(const FieldRecord& field);
-/// Puts the pages of a tab at its inner rectangle, the one in front shown.
-void place_pages(FieldRecord& tab);
-/// Brings a page to the front, without a message.
-void bring_to_front(FieldRecord& tab, int page);
-
-// dialog_values.cpp: widgets and their values, without messages
-
-std::string widget_text(const FieldRecord& field);
-void set_widget_text(FieldRecord& field, const std::string& text);
-void set_toggle(FieldRecord& field, bool set);
-bool toggle_is_set(const FieldRecord& field);
-/// The radio buttons of the group that a radio button belongs to, in order.
-std::vector<FieldRecord*> radio_group(FieldRecord& radio);
-void set_radio(FieldRecord& radio);
-void set_options(FieldRecord& field, std::span<const std::string> options);
-int option_count(const FieldRecord& field);
-int selected_option(const FieldRecord& field);
-void select_option(FieldRecord& field, int option);
-/// FieldDisabled and the like.
-void apply_state(FieldRecord& field, int state);
-
-// dialog_focus.cpp
-
-/// Installs keys and the watch of the focus on the widgets of a field, a dialog, a shell.
-void watch_field(FieldRecord& field);
-void watch_dialog(DialogRecord& dialog);
-/// Visible, enabled and inside its dialog: the focus can go there.
-bool can_focus(const FieldRecord& field);
-void move_focus(FieldRecord& field);
-/// The field that has the focus first.
-FieldRecord* first_focus(DialogRecord& dialog);
-/// Validates what is being typed and takes it as the field's value; tells the application of a new
-/// value. False, with the field marked invalid, for a bad text.
-bool commit_typing();
-/// Brings the last valid value back in the field that is being typed in, if it is `dialog`'s.
-void revert_typing(DialogRecord& dialog);
-/// Nothing points to a field of a dialog that goes away.
-void forget_focus(DialogRecord& dialog);
-/// FieldChanged with the field itself.
-void post_changed(FieldRecord& field);
-/// A button was pressed: PushButton, and the end of a modal dialog.
-void yyDGFieldButtonMessage(DialogRecord& dialog, int button, int field);
-/// The window manager's close, and Escape.
-void cancel_dialog(DialogRecord& dialog);
-void yyDGDefaultButtonAddRemove(FieldRecord& button, bool add);
-
-// dialogs.cpp
-
-/// Loads the page of a tab into a slot of its own; -1 when that can't be.
-int load_page(FieldRecord& tab, int identifier);
-void hide_dialog_record(DialogRecord& dialog);
-/// A button of this dialog was the last one pressed in any.
-void note_exit(const DialogRecord& dialog);
 
 }  // namespace tesserakit

@@ -1,0 +1,224 @@
+#include "toolkit/dialogs/build.hpp"
+
+#include "toolkit/base/motif_text.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/dialogs/fields/buttons.hpp"
+#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/label.hpp"
+#include "toolkit/dialogs/fields/radio.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/layout.hpp"
+#include "toolkit/dialogs/post.hpp"
+#include "toolkit/dialogs/values.hpp"
+#include "toolkit/widgets/diag.hpp"
+#include "toolkit/widgets/placement.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <Xm/DialogS.h>
+#include <Xm/MwmUtil.h>
+#include <Xm/Protocols.h>
+
+#include <algorithm>
+
+namespace tesserakit {
+namespace {
+
+/// Where the free space to the right of a field ends: at its neighbour, or inside the box or
+/// dialog around it.
+int free_until(const FieldRecord& field) {
+    constexpr int frame = 3;
+    const Box& own = field.box;
+    int end = field.dialog->width - frame;
+    for (const FieldRecord& other : field.dialog->fields) {
+        const Box& box = other.box;
+        if (&other == &field || box.y >= own.y + own.height || box.y + box.height <= own.y)
+            continue;
+        if (box.x >= own.x + own.width)
+            end = std::min(end, box.x);
+        else if (other.type == FieldType::Group && box.x <= own.x)
+            end = std::min(end, box.x + box.width - frame);
+    }
+    return end;
+}
+
+/// A text that is too wide for its field, in whatever font, takes free space beside it.
+void widen_for_text(FieldRecord& field) {
+    constexpr int indicator_room = 10;
+    constexpr FieldTypes wide{FieldType::Label, FieldType::Check, FieldType::Radio};
+    if (!wide.has(field.type) || field.text.empty() || label_lines(field) > 1) return;
+    int wanted = text_width(wFonts.dialog, field.text) + 1;
+    if (field.type != FieldType::Label) wanted += wFonts.dialog.measures.ascent + indicator_room;
+    const int room = std::max(field.box.width, free_until(field) - field.box.x);
+    field.box.width = std::clamp(wanted, field.box.width, room);
+    field.right_margin = field.dialog->width - field.box.x - field.box.width;
+    field.loaded_box = field.box;
+}
+
+void create_field_widget(FieldRecord& field) {
+    switch (field.type) {
+        case FieldType::Label:
+            return create_label(field);
+        case FieldType::Picture:
+            return create_picture(field);
+        case FieldType::Group:
+            return create_group(field);
+        case FieldType::String:
+            return create_text(field);
+        case FieldType::Integer:
+        case FieldType::Real:
+        case FieldType::Double:
+            return create_number(field);
+        case FieldType::Button:
+            return create_push_button(field);
+        case FieldType::Check:
+            return create_check(field);
+        case FieldType::Radio:
+            return create_radio(field);
+        case FieldType::Combo:
+            return create_combo(field);
+        case FieldType::List:
+        case FieldType::TreeView:
+            return create_list(field);
+        case FieldType::Tab:
+            return create_tab(field);
+        case FieldType::Progress:
+            return create_progress(field);
+        case FieldType::Grid:
+            return create_grid(field);
+        case FieldType::Trackbar:
+            return create_trackbar(field);
+    }
+}
+
+void set_colours(const FieldRecord& field) {
+    constexpr int standard = 256;
+    std::array<int, 6> c{};
+    yyrcfieldcolour(field.dialog->identifier, field.identifier, c);
+    const auto allocate = [&](std::size_t first, const char* resource) {
+        if (c[first] >= standard) return;
+        XColor colour{};
+        colour.red = static_cast<unsigned short>(c[first] * 257);
+        colour.green = static_cast<unsigned short>(c[first + 1] * 257);
+        colour.blue = static_cast<unsigned short>(c[first + 2] * 257);
+        if (XAllocColor(yydisplay.display, yydisplay.colormap, &colour))
+            XtVaSetValues(field.widget, resource, colour.pixel, nullptr);
+    };
+    allocate(0, XmNforeground);
+    allocate(3, XmNbackground);
+}
+
+void create_field(FieldRecord& field) {
+    widen_for_text(field);
+    create_field_widget(field);
+    if (!field.position_widget) return;
+    set_colours(field);
+    watch_field(field);
+    if (field.has_style(field_style::visible))
+        XtManageChild(field.position_widget);
+    else
+        field.state = FieldHidden;
+    if (field.has_style(field_style::disabled)) apply_state(field, FieldDisabled);
+    if (field.has_style(field_style::read_only)) field.state = FieldReadOnly;
+}
+
+/// A group without a set button starts with its first one set.
+void set_first_radios(DialogRecord& dialog) {
+    for (FieldRecord& field : dialog.fields) {
+        if (field.type != FieldType::Radio) continue;
+        const std::vector<FieldRecord*> group = radio_group(field);
+        if (std::ranges::none_of(group, [](auto* radio) { return toggle_is_set(*radio); }))
+            set_toggle(*group.front(), true);
+    }
+}
+
+void resized(Widget, XtPointer client, XtPointer) {
+    lay_out_fields(*static_cast<DialogRecord*>(client));
+}
+
+void widgets_gone(Widget, XtPointer client, XtPointer) {
+    DialogRecord& dialog = *static_cast<DialogRecord*>(client);
+    dialog.widget = nullptr;
+    dialog.shell = nullptr;
+    for (FieldRecord& field : dialog.fields)
+        field.widget = field.position_widget = field.focus_widget = nullptr;
+}
+
+void yyDGDialogWMCloseCB(Widget, XtPointer client, XtPointer) {
+    cancel_dialog(*static_cast<DialogRecord*>(client));
+}
+
+long decorations(const DialogRecord& dialog) {
+    using namespace dialog_style;
+    if ((dialog.style & caption) != caption) return 0;
+    long parts = MWM_DECOR_BORDER | MWM_DECOR_TITLE;
+    if (dialog.style & system_menu) parts |= MWM_DECOR_MENU;
+    if (dialog.style & minimise_box) parts |= MWM_DECOR_MINIMIZE;
+    if (dialog.resize_field != 0) parts |= MWM_DECOR_RESIZEH | MWM_DECOR_MAXIMIZE;
+    return parts;
+}
+
+Widget create_shell(DialogRecord& dialog) {
+    Arguments args;
+    args(XmNdeleteResponse, XmDO_NOTHING)(XmNallowShellResize, False);
+    args(XmNminWidth, dialog.width)(XmNminHeight, dialog.height);
+    long functions = MWM_FUNC_MOVE | MWM_FUNC_CLOSE;
+    if (dialog.resize_field != 0)
+        functions |= MWM_FUNC_RESIZE | MWM_FUNC_MAXIMIZE;
+    else
+        args(XmNmaxWidth, dialog.width)(XmNmaxHeight, dialog.height);
+    args(XmNmwmFunctions, functions)(XmNmwmDecorations, decorations(dialog));
+    const std::string title = dialog.title.empty() ? " " : dialog.title;
+    args(XmNtitle, title.c_str());
+    const Widget shell =
+        XmCreateDialogShell(yydialogparent(), xt_name("TessShell"), args.data(), args.count());
+    XmAddWMProtocolCallback(shell, yydisplay.wm_delete_window, yyDGDialogWMCloseCB, &dialog);
+    return shell;
+}
+
+}  // namespace
+
+void create_widgets(DialogRecord& dialog, Widget parent) {
+    if (!parent) {
+        dialog.shell = create_shell(dialog);
+        parent = dialog.shell;
+    }
+    Arguments args;
+    args(XmNwidth, dialog.width)(XmNheight, dialog.height)(XmNshadowThickness, 0);
+    args(XmNnavigationType, XmTAB_GROUP);
+    dialog.widget = args.create("TessDialog", diagWidgetClass, parent);
+    for (FieldRecord& field : dialog.fields) create_field(field);
+    set_first_radios(dialog);
+    lay_out_fields(dialog);
+    watch_dialog(dialog);
+    if (dialog.default_button) yyDGDefaultButtonAddRemove(*dialog.default_button, true);
+    XtAddCallback(dialog.widget, diagNresizeCallback, resized, &dialog);
+    XtAddCallback(dialog.widget, XmNdestroyCallback, widgets_gone, &dialog);
+}
+
+void destroy_widgets(DialogRecord& dialog) {
+    if (!dialog.widget) return;
+    XtRemoveCallback(dialog.widget, XmNdestroyCallback, widgets_gone, &dialog);
+    XtDestroyWidget(dialog.shell ? dialog.shell : dialog.widget);
+}
+
+void restack(DialogRecord& dialog) {
+    std::vector<FieldRecord*> behind;
+    for (FieldRecord& field : dialog.fields)
+        if ((field.type == FieldType::Group || field.type == FieldType::Tab) &&
+            field.position_widget && XtIsRealized(field.position_widget))
+            behind.push_back(&field);
+    // Each is lowered below all others, so the largest comes last.
+    const auto area = [](const FieldRecord* field) { return field->box.width * field->box.height; };
+    std::ranges::sort(behind, {}, area);
+    for (FieldRecord* field : behind)
+        XLowerWindow(display_of(field->position_widget), window_of(field->position_widget));
+}
+
+void restack_all(DialogRecord& dialog) {
+    restack(dialog);
+    for (FieldRecord& field : dialog.fields)
+        for (const TabPage& page : field.pages)
+            if (page.slot >= 0) restack(dialog_slot(page.slot));
+}
+
+}  // namespace tesserakit

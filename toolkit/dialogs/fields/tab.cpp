@@ -1,0 +1,98 @@
+#include "toolkit/dialogs/fields/tab.hpp"
+
+#include "toolkit/base/errors.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/dialogs/build.hpp"
+#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/widget_parts.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/load.hpp"
+#include "toolkit/widgets/placement.hpp"
+#include "toolkit/widgets/tab.hpp"
+
+#include <Xm/Xm.h>
+
+#include <algorithm>
+
+namespace tesserakit {
+namespace {
+
+/// The user's choice of a page is refused while a number is bad.
+void tab_chosen(Widget, XtPointer client, XtPointer call) {
+    FieldRecord& field = field_of(client);
+    auto& choice = *static_cast<TabChoice*>(call);
+    choice.allow = commit_typing();
+    if (!choice.allow) return;
+    bring_to_front(field, choice.tab);
+    yyDGSendTesserakitMessage(&field.dialog->posting,
+                              {.type = TabChanged,
+                               .value1 = field.identifier,
+                               .value2 = field.pages[static_cast<std::size_t>(choice.tab)].dialog,
+                               .value3 = -1,
+                               .value4 = -1,
+                               .win = field.dialog->identifier});
+}
+
+}  // namespace
+
+void place_pages(FieldRecord& tab) {
+    if (!tab.widget || tab.pages.empty()) return;
+    Box inside = tab_page_box(tab.widget);
+    inside.x += tab.box.x;
+    inside.y += tab.box.y;
+    for (std::size_t i = 0; i < tab.pages.size(); ++i) {
+        const int slot = tab.pages[i].slot;
+        if (slot < 0) continue;
+        DialogRecord& page = dialog_slot(slot);
+        place(page.widget, inside.x, inside.y, inside.width, inside.height);
+        const bool front = static_cast<int>(i) == tab.front_page && tab.state != FieldHidden;
+        if (front)
+            XtManageChild(page.widget);
+        else
+            XtUnmanageChild(page.widget);
+        page.show_mode = front && outermost(page).shown() ? DialogModeless : -1;
+    }
+}
+
+void bring_to_front(FieldRecord& tab, int page) {
+    tab.front_page = page;
+    tab_select(tab.widget, page);
+    place_pages(tab);
+    const int slot = tab.pages[static_cast<std::size_t>(page)].slot;
+    if (slot < 0) return;
+    DialogRecord& front = dialog_slot(slot);
+    if (!XtIsRealized(front.widget)) return;
+    XRaiseWindow(display_of(front.widget), window_of(front.widget));
+    restack(front);
+}
+
+void create_tab(FieldRecord& field) {
+    field.widget = placed(field.box).create("tab", tabWidgetClass, field.dialog->widget);
+    field.position_widget = field.widget;
+    field.focus_widget = field.widget;
+    std::vector<std::string> labels;
+    for (const TabPage& page : field.pages) labels.push_back(page.label);
+    tab_set_labels(field.widget, wFonts.dialog, std::move(labels));
+    for (TabPage& page : field.pages) page.slot = load_page(field, page.dialog);
+    tab_select(field.widget, field.front_page);
+    XtAddCallback(field.widget, tabNselectCallback, tab_chosen, &field);
+}
+
+void wdialogputtab(int identifier, int dialog) {
+    constexpr const char* routine = "WDialogSetTab";
+    FieldRecord* field = current_field(identifier, FieldType::Tab, routine);
+    if (!field) return;
+    const auto page = std::ranges::find(field->pages, dialog, &TabPage::dialog);
+    if (page == field->pages.end()) return yyerror(InvalidTab, routine, identifier, dialog);
+    const Suppression quiet(*field->dialog);
+    bring_to_front(*field, static_cast<int>(page - field->pages.begin()));
+}
+
+void wdialoggettab(int identifier, int& dialog) {
+    const FieldRecord* field = current_field(identifier, FieldType::Tab, "WDialogGetTab");
+    if (!field) return;
+    dialog =
+        field->pages.empty() ? 0 : field->pages[static_cast<std::size_t>(field->front_page)].dialog;
+}
+
+}  // namespace tesserakit

@@ -1,0 +1,77 @@
+#include "toolkit/base/errors.hpp"
+#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/widget_parts.hpp"
+
+#include <Xm/Scale.h>
+
+#include <algorithm>
+
+namespace tesserakit {
+namespace {
+
+struct TrackRange {
+    int value = 0;
+    int minimum = 0;
+    int maximum = 0;
+};
+
+TrackRange track_range(const FieldRecord& field) {
+    TrackRange range;
+    XtVaGetValues(field.widget, XmNvalue, &range.value, XmNminimum, &range.minimum, XmNmaximum,
+                  &range.maximum, nullptr);
+    return range;
+}
+
+}  // namespace
+
+void create_trackbar(FieldRecord& field) {
+    std::array<int, 8> values{};
+    yyrcfieldtrackbar(field.dialog->identifier, field.identifier, values);
+    const int low = values[1];
+    const int high = values[1] < values[2] ? values[2] : values[1] + 100;
+    const bool vertical = field.has_style(field_style::vertical_track);
+    Arguments args = placed(field.box);
+    args(XmNorientation, vertical ? XmVERTICAL : XmHORIZONTAL);
+    args(XmNprocessingDirection, vertical ? XmMAX_ON_TOP : XmMAX_ON_RIGHT);
+    args(XmNscaleWidth, field.box.width)(XmNscaleHeight, field.box.height);
+    args(XmNminimum, low)(XmNmaximum, high)(XmNvalue, std::clamp(values[0], low, high));
+    if (values[3] > 0) args(XmNscaleMultiple, std::min(values[3], high - low));
+    args(XmNshowValue, False)(XmNhighlightThickness, 1);
+    field.widget = args.create("trackbar", xmScaleWidgetClass, field.dialog->widget);
+    field.position_widget = field.widget;
+    field.focus_widget = XtNameToWidget(field.widget, "Scrollbar");
+    if (!field.focus_widget) field.focus_widget = field.widget;
+    XtAddCallback(field.widget, XmNvalueChangedCallback, changed, &field);
+    XtAddCallback(field.widget, XmNdragCallback, changed, &field);
+}
+
+void wdialoggettrackbar(int identifier, int& value) {
+    const FieldRecord* field = current_field(identifier, FieldType::Trackbar, "WDialogGetTrackbar");
+    if (field) value = track_range(*field).value;
+}
+
+void wdialoggettrackbar(int identifier, int& value, int& minimum, int& maximum) {
+    const FieldRecord* field = current_field(identifier, FieldType::Trackbar, "WDialogGetTrackbar");
+    if (!field) return;
+    const TrackRange range = track_range(*field);
+    value = range.value;
+    minimum = range.minimum;
+    maximum = range.maximum;
+}
+
+void wdialogputtrackbar(int identifier, int value, std::optional<int> minimum,
+                        std::optional<int> maximum) {
+    constexpr const char* routine = "WDialogPutTrackbar";
+    FieldRecord* field = current_field(identifier, FieldType::Trackbar, routine);
+    if (!field) return;
+    TrackRange range = track_range(*field);
+    range.minimum = minimum.value_or(range.minimum);
+    range.maximum = maximum.value_or(range.maximum);
+    if (range.minimum >= range.maximum) return yyerror(ValueOutOfRange, routine, identifier);
+    range.value = std::clamp(value, range.minimum, range.maximum);
+    const Suppression quiet(*field->dialog);
+    XtVaSetValues(field->widget, XmNminimum, range.minimum, XmNmaximum, range.maximum, XmNvalue,
+                  range.value, nullptr);
+}
+
+}  // namespace tesserakit

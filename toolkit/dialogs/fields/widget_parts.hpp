@@ -1,0 +1,24 @@
+/// What the widgets of several kinds of field have in common.
+#pragma once
+
+#include "toolkit/base/motif_text.hpp"
+#include "toolkit/dialogs/records.hpp"
+
+namespace tesserakit {
+
+/// Arguments of a widget at that place in its dialog.
+Arguments placed(const Box& box);
+/// As above, with the font of the dialogs.
+Arguments placed_text(const Box& box);
+/// Room above a line of text in a field of that height, within a frame.
+int text_margin(int height, int frame);
+/// The field that a callback was registered with.
+FieldRecord& field_of(XtPointer client);
+/// Callback: the user has changed the field.
+void changed(Widget, XtPointer client, XtPointer);
+/// The frame that the style words ask for.
+Widget create_border(FieldRecord& field, bool with_line);
+/// The picture of the field's identifier, shrunk into it; no pixmap where there is none.
+void load_image(FieldRecord& field);
+
+}  // namespace tesserakit

@@ -1,0 +1,185 @@
+// Motif tells of the focus by FocusIn on the widget that gets it. Only then is the field that has
+// lost it looked at: a bad number marks that field, and the focus goes back to it as soon as the
+// event is done with.
+
+#include "toolkit/dialogs/focus.hpp"
+
+#include "toolkit/dialogs/fields/buttons.hpp"
+#include "toolkit/dialogs/fields/radio.hpp"
+#include "toolkit/dialogs/keys.hpp"
+#include "toolkit/dialogs/validity.hpp"
+#include "toolkit/dialogs/values.hpp"
+
+#include <Xm/PushB.h>
+#include <Xm/Text.h>
+
+#include <algorithm>
+
+namespace tesserakit {
+namespace {
+
+struct State {
+    FieldRecord* active = nullptr;  // got the focus last, in any dialog
+    bool bFocusChange = false;      // the toolkit moves the focus, not the user
+};
+State& state = *new State;
+
+void yyDGDefaultButtonMove(FieldRecord& focus) {
+    DialogRecord& dialog = *focus.dialog;
+    FieldRecord* framed = focus.type == FieldType::Button ? &focus : dialog.default_button;
+    if (framed == dialog.framed_button || !dialog.default_button) return;
+    if (dialog.framed_button) yyDGDefaultButtonAddRemove(*dialog.framed_button, false);
+    if (framed) yyDGDefaultButtonAddRemove(*framed, true);
+}
+
+void post_move(const FieldRecord* from, const FieldRecord& to) {
+    const bool same_dialog = from && from->dialog == to.dialog;
+    yyDGSendTesserakitMessage(&to.dialog->posting,
+                              {.type = FieldChanged,
+                               .value1 = same_dialog ? from->identifier : to.identifier,
+                               .value2 = to.identifier,
+                               .value3 = to.type == FieldType::Grid ? 0 : -1,
+                               .value4 = -1,
+                               .x = -1,
+                               .y = -1,
+                               .win = to.dialog->identifier});
+}
+
+void enter(FieldRecord& field) {
+    DialogRecord& dialog = *field.dialog;
+    state.active = &field;
+    if (dialog.current_field != &field) dialog.previous_field = dialog.current_field;
+    dialog.current_field = &field;
+    yyDGDefaultButtonMove(field);
+}
+
+/// yyDGFieldFocusCB. A move from another window of the desktop is no change inside a dialog: it
+/// raises nothing.
+void focus_entered(FieldRecord& field) {
+    if (!outermost(*field.dialog).shown()) return;
+    FieldRecord* from = state.active;
+    note_intruder(field);
+    if (invalid_field() && invalid_field() != &field && !validate(*invalid_field())) return;
+    if (from == &field) return;
+    if (from && same_window(*from, field) && !validate(*from)) return;
+    const bool told = from && same_window(*from, field) && !state.bFocusChange;
+    enter(field);
+    if (told) post_move(from, field);
+}
+
+/// The caret is shown in the field that has the focus only.
+void show_caret(const FieldRecord& field, bool show) {
+    if (typed_fields.has(field.type))
+        XtVaSetValues(field.widget, XmNcursorPositionVisible, show ? True : False, nullptr);
+}
+
+void yyDGFieldChangeFocusEH(Widget, XtPointer client, XEvent* event, Boolean*) {
+    FieldRecord& field = *static_cast<FieldRecord*>(client);
+    // Also the window under the pointer hears when the focus comes to the window around it.
+    const int detail = event->xfocus.detail;
+    if (detail == NotifyPointer || detail == NotifyPointerRoot) return;
+    const bool in = event->type == FocusIn;
+    show_caret(field, in && field.state == FieldEnabled);
+    if (in) focus_entered(field);
+}
+
+/// The fields that the Tab key stops at, and among them `from`, which needs no tab stop: a click
+/// gives the focus to any field.
+void append_stops(DialogRecord& dialog, const FieldRecord* from, std::vector<FieldRecord*>& stops) {
+    for (FieldRecord& field : dialog.fields) {
+        const bool here = &field == from && field.type != FieldType::Radio;
+        if ((here || field.has_style(field_style::tab_stop)) && can_focus(field))
+            stops.push_back(&tab_target(field));
+        if (field.type != FieldType::Tab || field.pages.empty()) continue;
+        const int slot = field.pages[static_cast<std::size_t>(field.front_page)].slot;
+        if (slot >= 0) append_stops(dialog_slot(slot), from, stops);
+    }
+}
+
+/// The field itself, or the button of its group that the Tab key stops at.
+bool stands_for(FieldRecord& stop, FieldRecord& field) {
+    if (&stop == &field) return true;
+    if (stop.type != FieldType::Radio || field.type != FieldType::Radio ||
+        stop.dialog != field.dialog)
+        return false;
+    const std::vector<FieldRecord*> group = radio_group(stop);
+    return std::ranges::find(group, &field) != group.end();
+}
+
+}  // namespace
+
+void watch_field(FieldRecord& field) {
+    install_keys(field);
+    if (field.focus_widget)
+        XtAddEventHandler(field.focus_widget, FocusChangeMask, False, yyDGFieldChangeFocusEH,
+                          &field);
+}
+
+void watch_dialog(DialogRecord& dialog) { install_keys(dialog); }
+
+FieldRecord& tab_target(FieldRecord& field) {
+    if (field.type != FieldType::Radio) return field;
+    for (FieldRecord* radio : radio_group(field))
+        if (toggle_is_set(*radio) && can_focus(*radio)) return *radio;
+    return field;
+}
+
+/// In the order of the resource, the page in front behind its tab, around from the last to the
+/// first.
+void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward) {
+    std::vector<FieldRecord*> stops;
+    append_stops(outermost(dialog), from, stops);
+    if (stops.empty()) return;
+    if (!forward) std::ranges::reverse(stops);
+    auto here = std::ranges::find_if(
+        stops, [from](FieldRecord* stop) { return from && stands_for(*stop, *from); });
+    if (here == stops.end() || ++here == stops.end()) here = stops.begin();
+    XmProcessTraversal((*here)->focus_widget, XmTRAVERSE_CURRENT);
+}
+
+bool can_focus(const FieldRecord& field) {
+    const DialogRecord& dialog = *field.dialog;
+    const bool inside = field.box.x < dialog.width && field.box.y < dialog.height;
+    return field.focus_widget && inside &&
+           (field.state == FieldEnabled || field.state == FieldReadOnly) &&
+           XtIsManaged(field.position_widget) && XtIsManaged(dialog.widget);
+}
+
+void move_focus(FieldRecord& field) {
+    state.bFocusChange = true;
+    XmProcessTraversal(field.focus_widget, XmTRAVERSE_CURRENT);
+    state.bFocusChange = false;
+}
+
+FieldRecord* first_focus(DialogRecord& dialog) {
+    std::vector<FieldRecord*> stops;
+    append_stops(dialog, nullptr, stops);
+    if (!stops.empty()) return stops.front();
+    const auto any = std::ranges::find_if(dialog.fields, can_focus);
+    return any == dialog.fields.end() ? nullptr : &*any;
+}
+
+bool commit_typing() { return !state.active || validate(*state.active); }
+
+void revert_typing(DialogRecord& dialog) {
+    FieldRecord* field = invalid_field() ? invalid_field() : state.active;
+    if (!field || &outermost(*field->dialog) != &outermost(dialog) || !field->numeric) return;
+    if (!text_is_valid(*field->numeric, widget_text(*field))) revert(*field);
+}
+
+void revert_focused(DialogRecord& dialog) {
+    if (state.active && &outermost(*state.active->dialog) == &outermost(dialog))
+        revert(*state.active);
+}
+
+void forget_focus(DialogRecord& dialog) {
+    forget_validity(dialog);
+    if (state.active && state.active->dialog == &dialog) state.active = nullptr;
+}
+
+void yyDGDefaultButtonAddRemove(FieldRecord& button, bool add) {
+    XtVaSetValues(button.widget, XmNshowAsDefault, add ? 1 : 0, nullptr);
+    button.dialog->framed_button = add ? &button : nullptr;
+}
+
+}  // namespace tesserakit

@@ -1,0 +1,17 @@
+/// The messages that dialogs raise.
+#pragma once
+
+#include "toolkit/dialogs/records.hpp"
+
+namespace tesserakit {
+
+/// FieldChanged with the field itself.
+void post_changed(FieldRecord& field);
+/// A button was pressed: PushButton, and the end of a modal dialog.
+void yyDGFieldButtonMessage(DialogRecord& dialog, int button, int field);
+/// The window manager's close, and Escape.
+void cancel_dialog(DialogRecord& dialog);
+/// Dialog whose button was pressed last, 0 before any.
+int last_exit_dialog();
+
+}  // namespace tesserakit

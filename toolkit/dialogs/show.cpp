@@ -1,0 +1,116 @@
+#include "toolkit/dialogs/show.hpp"
+
+#include "toolkit/base/errors.hpp"
+#include "toolkit/base/start.hpp"
+#include "toolkit/dialogs/build.hpp"
+#include "toolkit/dialogs/fields/tab.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/layout.hpp"
+#include "toolkit/messages/modal.hpp"
+#include "toolkit/widgets/placement.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <Xm/Xm.h>
+
+#include <algorithm>
+
+namespace tesserakit {
+namespace {
+
+int centred(int extent, int available) { return std::max(0, (available - extent) / 2); }
+
+void position_shell(DialogRecord& dialog, int x, int y) {
+    x = x == dialog_centred ? centred(dialog.width, yydisplay.width) : x;
+    y = y == dialog_centred ? centred(dialog.height, yydisplay.height) : y;
+    XtVaSetValues(dialog.shell, XmNx, static_cast<int>(x), XmNy, static_cast<int>(y), nullptr);
+}
+
+void position_child(DialogRecord& dialog, int x, int y) {
+    const WindowSlot& slot = windows[static_cast<std::size_t>(std::max(0, wCurrentWindow))];
+    x = x == dialog_centred ? centred(dialog.width, slot.width) : pixels_from_units(x, slot.width);
+    y = y == dialog_centred ? centred(dialog.height, slot.height)
+                            : pixels_from_units(y, slot.height);
+    place(dialog.widget, x, y, dialog.width, dialog.height);
+}
+
+/// Motif gives the focus to it once the shell has the keyboard.
+void focus_at_start(DialogRecord& dialog, int field) {
+    FieldRecord* wanted = field != 0 ? find_field(dialog, field) : nullptr;
+    if (!wanted || !can_focus(*wanted)) wanted = first_focus(dialog);
+    if (!wanted) return;
+    XtVaSetValues(dialog.widget, XmNinitialFocus, wanted->focus_widget, nullptr);
+    move_focus(*wanted);
+}
+
+/// A window that was clicked while a dialog locked it out has the focus of the display, but its
+/// widgets haven't heard of it: the news was held back as all input is. This repeats it.
+void repeat_focus(const DialogRecord& leaving) {
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    const Widget widget =
+        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+    if (!widget || dialog_around(widget) == &leaving) return;
+    XSetInputFocus(yydisplay.display, PointerRoot, RevertToPointerRoot, CurrentTime);
+    XSetInputFocus(yydisplay.display, focus, revert, CurrentTime);
+}
+
+}  // namespace
+
+/// yydialogshow2
+void map_dialog(DialogRecord& dialog, int x, int y, int field, int mode) {
+    if (dialog.shown()) {
+        const Widget top = dialog.shell ? dialog.shell : dialog.widget;
+        XRaiseWindow(display_of(top), window_of(top));
+        if (field != 0) focus_at_start(dialog, field);
+        return;
+    }
+    if (dialog.shell)
+        position_shell(dialog, x, y);
+    else
+        position_child(dialog, x, y);
+    dialog.show_mode = mode;
+    XtManageChild(dialog.widget);
+    lay_out_fields(dialog);
+    restack_all(dialog);
+    focus_at_start(dialog, field);
+}
+
+void run_modal(DialogRecord& dialog, int x, int y, int field) {
+    // Taken with the dialog on the screen the pictures would lack what it covers.
+    yygetwindowbitmap(true);
+    map_dialog(dialog, x, y, field, DialogModal);
+    yyMSModalMessageLoop(dialog.widget, slot_of(dialog));
+    yygetwindowbitmap(false);
+    hide_dialog_record(dialog);
+}
+
+/// A dialog that fills a window is on the screen with it, whatever the mode.
+void show_hosted(DialogRecord& dialog, int field) {
+    const WindowSlot& slot = windows[static_cast<std::size_t>(dialog.window)];
+    if (!slot.visible) return yyerror(ParentHidden, "WDialogShow");
+    XRaiseWindow(yydisplay.display, slot.shell);
+    if (field != 0) focus_at_start(dialog, field);
+}
+
+void show_page(DialogRecord& page) {
+    FieldRecord& tab = *page.tab;
+    const auto found = std::ranges::find(tab.pages, slot_of(page), &TabPage::slot);
+    if (found != tab.pages.end()) bring_to_front(tab, static_cast<int>(found - tab.pages.begin()));
+}
+
+void hide_dialog_record(DialogRecord& dialog) {
+    if (!dialog.shown()) return;
+    revert_typing(dialog);
+    const bool locked_out = dialog.show_mode != DialogModeless;
+    if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
+    // Before the widgets go: Motif moves the focus on while they do.
+    dialog.show_mode = -1;
+    if (dialog.widget) XtUnmanageChild(dialog.widget);
+    if (locked_out) repeat_focus(dialog);
+    for (FieldRecord& field : dialog.fields)
+        for (const TabPage& page : field.pages)
+            if (page.slot >= 0) dialog_slot(page.slot).show_mode = -1;
+}
+
+}  // namespace tesserakit
