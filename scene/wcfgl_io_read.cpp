@@ -10,6 +10,7 @@
 
 #include "common/fatal.hpp"
 #include "common/list_read.hpp"
+#include "common/safe_file.hpp"
 #include "crystal/math_gen.hpp"
 #include "crystal/position_text.hpp"
 #include "crystal/string_utilities.hpp"
@@ -22,15 +23,9 @@
 #include "scene/wcfgl_metrix.hpp"
 #include "scene/wcfgl_quaternion.hpp"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstddef>
-#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -78,12 +73,11 @@ struct Line {
     bool is_comment() const { return text.find_first_of("!#") != std::string_view::npos; }
 };
 
-/// The lines of an open file.
+/// The lines of a file in memory.
 class LineSource {
 public:
-    void start(int descriptor) {
-        descriptor_ = descriptor;
-        next_ = end_ = 0;
+    void start(std::string_view file) {
+        rest_ = file;
         given_back_ = false;
     }
     /// False at the end of the file. The line lives until the next call.
@@ -97,32 +91,12 @@ public:
     void give_back() { given_back_ = true; }
 
 private:
-    bool fill() {
-        ssize_t got = 0;
-        do {
-            got = ::read(descriptor_, block_.data(), block_.size());
-        } while (got < 0 && errno == EINTR);
-        next_ = 0;
-        end_ = got > 0 ? static_cast<std::size_t>(got) : 0;
-        return end_ > 0;
-    }
-
     bool read_line() {
-        length_ = 0;
-        if (next_ == end_ && !fill()) return false;
-        for (bool ended = false; !ended;) {
-            if (next_ == end_ && !fill()) break;
-            const char* const start = block_.data() + next_;
-            const void* const found = std::memchr(start, '\n', end_ - next_);
-            ended = found != nullptr;
-            const auto size =
-                ended ? static_cast<std::size_t>(static_cast<const char*>(found) - start)
-                      : end_ - next_;
-            const std::size_t taken = std::min(size, line_width - length_);
-            std::copy_n(start, taken, text_.data() + length_);
-            length_ += taken;
-            next_ += size + (ended ? 1 : 0);
-        }
+        if (rest_.empty()) return false;
+        const std::size_t end = std::min(rest_.find('\n'), rest_.size());
+        length_ = std::min(end, line_width);
+        std::copy_n(rest_.data(), length_, text_.data());
+        rest_.remove_prefix(std::min(end + 1, rest_.size()));
         finish_line();
         return true;
     }
@@ -136,14 +110,11 @@ private:
                        string_utilities::raised);
     }
 
-    int descriptor_ = -1;
+    std::string_view rest_;
     bool given_back_ = false;
-    std::size_t next_ = 0;
-    std::size_t end_ = 0;
     std::size_t length_ = 0;
     std::array<char, line_width + 1> text_;
     std::array<char, line_width + 1> upper_;
-    std::array<char, 65536> block_;
 };
 
 bool read_reals(std::string_view operands, std::span<float> values) {
@@ -261,8 +232,12 @@ struct Tables {
 
 class Reader {
 public:
-    void run(int descriptor, Quaternion* quaternion) {
-        source_.start(descriptor);
+    safe_file::Outcome load(std::string_view file_name) {
+        return safe_file::read(std::string(file_name), file_);
+    }
+    /// Over the file loaded last.
+    void run(Quaternion* quaternion) {
+        source_.start(file_);
         at_ = {};
         for (Line line; source_.next(line);)
             if (!line.is_comment()) read_line(line, quaternion);
@@ -304,6 +279,7 @@ private:
 
     Progress at_;
     Tables tables_;
+    std::string file_;
     LineSource source_;
 };
 
@@ -530,23 +506,18 @@ void Reader::read_components(std::string_view first) {
     at_.scale = 1.0f;
 }
 
-/// A regular file, open for reading, or -1. Opening a pipe must not wait for its writer.
-int open_regular(const FileName& file_name) {
-    const std::string name(file_name.trimmed());
-    const int descriptor = ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) return -1;
-    struct stat status {};
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) return descriptor;
-    ::close(descriptor);
-    return -1;
-}
-
 }  // namespace
 
-void read_gwr_file(const FileName& file_name, Quaternion* quaternion) {
+void read_gwr_file(std::string_view file_name, Quaternion* quaternion) {
+    static Reader& reader =
+        *fatal::allocate("structure file", [] { return new Reader; });  // lives as long as we do
+    safe_file::Outcome outcome{safe_file::Outcome::Failed::opening, {}};
+    if (file_name.size() <= longest_name)
+        outcome = fatal::allocate("structure file", [&] { return reader.load(file_name); });
+    // Between two states of a file the picture stays.
+    if (outcome.failed == safe_file::Outcome::Failed::changing) return;
     wcfgl_metrix::define_spacegroup("P 1");
-    const int descriptor = open_regular(file_name);
-    if (descriptor < 0) return;
+    if (!outcome) return;
 
     wcfgl_metrix::init_box();
     wcfgl_atom_tree::empty_atom_list();
@@ -554,11 +525,7 @@ void read_gwr_file(const FileName& file_name, Quaternion* quaternion) {
     wcfgl_matom_tree::empty_matom_list();
     wcfgl_matom_tree::erase_magnetic_phase();
     if (quaternion != nullptr) *quaternion = wcfgl_quaternion::identity;
-
-    static Reader& reader =
-        *fatal::allocate("structure file", [] { return new Reader; });  // lives as long as we do
-    reader.run(descriptor, quaternion);
-    ::close(descriptor);
+    reader.run(quaternion);
 }
 
 }  // namespace wcfgl_io

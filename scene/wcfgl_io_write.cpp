@@ -1,4 +1,4 @@
-// The writer: one fixed layout, and a file that is replaced whole or not at all.
+// The writer: one fixed layout.
 
 #include "common/list_read.hpp"
 #include "common/list_write.hpp"
@@ -13,14 +13,12 @@
 #include "scene/wcfgl_quaternion.hpp"
 
 #include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <cstddef>
-#include <cstdio>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -113,70 +111,6 @@ std::string model_text(const Quaternion& quaternion) {
     return out;
 }
 
-// ---- the file -----------------------------------------------------------------------------------
-
-/// What the name leads to through symbolic links, whether it exists or not; absent for a ring of
-/// links.
-std::optional<std::string> link_target(std::string path) {
-    for (int links = 0; links < 40; ++links) {
-        std::string target(4096, '\0');
-        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
-        if (length < 0) return path;
-        target.resize(static_cast<std::size_t>(length));
-        const std::size_t slash = path.rfind('/');
-        const bool from_here = target.starts_with('/') || slash == std::string::npos;
-        path = from_here ? target : path.substr(0, slash + 1) + target;
-    }
-    return std::nullopt;
-}
-
-/// A new file in the directory of `path`, open for writing, or -1; `name` receives its name.
-int create_beside(const std::string& path, std::string& name) {
-    const std::size_t slash = path.rfind('/');
-    const std::string directory = slash == std::string::npos ? "" : path.substr(0, slash + 1);
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        name =
-            directory + ".gemwright-" + std::to_string(::getpid()) + '-' + std::to_string(attempt);
-        const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (descriptor >= 0 || errno != EEXIST) return descriptor;
-    }
-    return -1;
-}
-
-bool write_all(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = ::write(descriptor, text.data(), text.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return ::fsync(descriptor) == 0;
-}
-
-enum class Outcome { written, not_opened, not_written };
-
-Outcome replace_file(const std::string& name, std::string_view text) {
-    const std::optional<std::string> path = link_target(name);
-    if (!path) return Outcome::not_opened;
-    struct stat old {};
-    const bool exists = ::stat(path->c_str(), &old) == 0;
-    // Renaming needs no leave of the old file itself, so a protected one is told apart here.
-    if (exists && (!S_ISREG(old.st_mode) || ::faccessat(AT_FDCWD, path->c_str(), W_OK, AT_EACCESS)))
-        return Outcome::not_opened;
-
-    std::string beside;
-    const int descriptor = create_beside(*path, beside);
-    if (descriptor < 0) return Outcome::not_opened;
-    // Another owner's file can become ours; it keeps its owner where we may give it away.
-    bool good = !exists || ::fchown(descriptor, old.st_uid, old.st_gid) == 0 || errno == EPERM;
-    good = good && (!exists || ::fchmod(descriptor, old.st_mode & 07777) == 0);
-    good = good && write_all(descriptor, text);
-    good = ::close(descriptor) == 0 && good;
-    good = good && ::rename(beside.c_str(), path->c_str()) == 0;
-    if (!good) ::unlink(beside.c_str());
-    return good ? Outcome::written : Outcome::not_written;
-}
-
 void set_error(std::string_view message, std::string_view name = {}) {
     err_flag = 1;
     err_mess = std::string_view(std::string(message).append(name));
@@ -184,8 +118,8 @@ void set_error(std::string_view message, std::string_view name = {}) {
 
 }  // namespace
 
-bool file_is_open(const FileName& file_name) {
-    const std::string name(file_name.trimmed());
+bool file_is_open(std::string_view file_name) {
+    const std::string name(file_name);
     struct stat file {};
     if (::stat(name.c_str(), &file) != 0) return false;
     DIR* const descriptors = ::opendir("/proc/self/fd");
@@ -201,24 +135,22 @@ bool file_is_open(const FileName& file_name) {
     return found;
 }
 
-void write_gwr_file(const FileName& file_name, const Quaternion& quaternion) {
+safe_file::Outcome write_gwr_file(std::string_view file_name, const Quaternion& quaternion) {
+    using Failed = safe_file::Outcome::Failed;
     err_flag = 0;
     err_mess = "";
-    if (file_is_open(file_name)) {
+    safe_file::Outcome outcome;
+    if (file_name.size() > longest_name) {
+        outcome = {Failed::opening, std::strerror(ENAMETOOLONG)};
+    } else if (file_is_open(file_name)) {
         set_error(" The file is being edited! Please close the file before saving!");
-        return;
+        return {Failed::opening, "The file is being edited"};
+    } else {
+        outcome = safe_file::save(std::string(file_name), model_text(quaternion));
     }
-    const std::string name(file_name.trimmed());
-    switch (replace_file(name, model_text(quaternion))) {
-        case Outcome::written:
-            break;
-        case Outcome::not_opened:
-            set_error(" Error opening the file ", name);
-            break;
-        case Outcome::not_written:
-            set_error(" Error writing the file ", name);
-            break;
-    }
+    if (outcome.failed == Failed::opening) set_error(" Error opening the file ", file_name);
+    if (outcome.failed == Failed::writing) set_error(" Error writing the file ", file_name);
+    return outcome;
 }
 
 }  // namespace wcfgl_io

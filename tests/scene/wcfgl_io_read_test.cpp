@@ -12,6 +12,8 @@
 #include <chrono>
 #include <clocale>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <random>
 #include <string>
 #include <vector>
@@ -60,6 +62,20 @@ TEST(ReadFile, WhatIsNoReadableRegularFileResetsTheGroupAlone) {
         EXPECT_THAT(scene_calls::all(), ElementsAre("define_spacegroup <P 1>"));
         EXPECT_EQ(view, (Quaternion{0, 1, 0, 0}));
     }
+}
+
+TEST(ReadFile, ANameBeyondItsFieldIsNotReadUnderACutOne) {
+    const TempDirectory directory;
+    std::string folder = directory.path().string();
+    while (folder.size() < 200) folder += "/folder";
+    std::filesystem::create_directories(folder);
+    const std::string cut = folder + '/' + std::string(256 - folder.size() - 1, 'x');
+    std::ofstream(cut) << "ATOM A H 0 0 0\n";
+    std::ofstream(cut + "y") << "ATOM A H 0 0 0\n";
+    wcfgl_io::read_gwr_file(cut + "y");
+    EXPECT_THAT(scene_calls::all(), ElementsAre("define_spacegroup <P 1>"));
+    wcfgl_io::read_gwr_file(cut);
+    EXPECT_THAT(scene_calls::of({"push_atom"}), testing::SizeIs(1));
 }
 
 TEST(ReadFile, KeywordsOfOneLineAllActInAFixedOrder) {

@@ -10,13 +10,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
-#include <memory>
 #include <string>
 
 namespace {
@@ -25,8 +22,8 @@ namespace fs = std::filesystem;
 
 constexpr Quaternion no_turn{1, 0, 0, 0};
 
-void write(const std::string& name, const Quaternion& view = no_turn) {
-    wcfgl_io::write_gwr_file(std::string_view(name), view);
+safe_file::Outcome write(const std::string& name, const Quaternion& view = no_turn) {
+    return wcfgl_io::write_gwr_file(std::string_view(name), view);
 }
 bool is_open(const std::string& name) { return wcfgl_io::file_is_open(std::string_view(name)); }
 
@@ -36,12 +33,6 @@ std::string written(const Quaternion& view = no_turn) {
     EXPECT_EQ(wcfgl_io::err_flag, 0);
     return content_of(directory.name("a.gwr"));
 }
-
-long entries(const TempDirectory& directory) {
-    return std::distance(fs::directory_iterator(directory.path()), fs::directory_iterator());
-}
-
-fs::perms permissions(const std::string& name) { return fs::status(name).permissions(); }
 
 TEST(WriteFile, AnEmptyModelHasBackgroundAndViewAlone) {
     wcfgl_metrix::current_cell.reset();
@@ -81,7 +72,7 @@ TEST(WriteFile, AFileThatThisProcessHoldsOpenIsNotWritten) {
     ASSERT_GE(descriptor, 0);
     EXPECT_TRUE(is_open(name));
     EXPECT_TRUE(is_open(directory.name("link")));
-    write(name);
+    EXPECT_EQ(write(name).reason, "The file is being edited");
     EXPECT_EQ(wcfgl_io::err_flag, 1);
     EXPECT_EQ(wcfgl_io::err_mess.trimmed(),
               " The file is being edited! Please close the file before saving!");
@@ -94,60 +85,7 @@ TEST(WriteFile, AFileThatThisProcessHoldsOpenIsNotWritten) {
     EXPECT_TRUE(content_of(name).starts_with("BKG"));
 }
 
-TEST(WriteFile, ReplacesTheFileWithItsPermissionsAndLeavesNothingBeside) {
-    const TempDirectory directory;
-    const std::string name = directory.file("a.gwr", "old");
-    fs::permissions(name, fs::perms(0640));
-    write(name);
-    EXPECT_TRUE(content_of(name).starts_with("BKG"));
-    EXPECT_EQ(permissions(name), fs::perms(0640));
-    EXPECT_EQ(entries(directory), 1);
-}
-
-TEST(WriteFile, ANewFileHasTheUsersDefaultPermissions) {
-    const TempDirectory directory;
-    const mode_t before = ::umask(027);
-    write(directory.name("a.gwr"));
-    ::umask(before);
-    EXPECT_EQ(permissions(directory.name("a.gwr")), fs::perms(0640));
-}
-
-TEST(WriteFile, LinksStayAndTheirTargetIsReplaced) {
-    const TempDirectory directory;
-    fs::create_directory(directory.path() / "deep");
-    directory.file("deep/a.gwr", "old");
-    fs::create_symlink("deep/a.gwr", directory.name("one"));
-    fs::create_symlink(directory.path() / "one", directory.name("two"));
-    fs::create_symlink("deep/new.gwr", directory.name("dangling"));
-    for (const char* link : {"two", "dangling"}) {
-        write(directory.name(link));
-        EXPECT_EQ(wcfgl_io::err_flag, 0);
-        EXPECT_TRUE(fs::is_symlink(directory.name(link)));
-    }
-    EXPECT_TRUE(fs::is_symlink(directory.name("one")));
-    EXPECT_TRUE(content_of(directory.name("deep/a.gwr")).starts_with("BKG"));
-    EXPECT_TRUE(content_of(directory.name("deep/new.gwr")).starts_with("BKG"));
-}
-
-TEST(WriteFile, WhatCanNotBeOpenedIsToldAndLeftAlone) {
-    const TempDirectory directory;
-    fs::create_symlink("ring", directory.name("ring"));
-    ASSERT_EQ(::mkfifo(directory.name("pipe").c_str(), 0600), 0);
-    for (const std::string& name :
-         {directory.path().string(), directory.name("none/a.gwr"), directory.name("ring"),
-          directory.name("pipe"), std::string("/dev/zero")}) {
-        SCOPED_TRACE(name);
-        write(name);
-        EXPECT_EQ(wcfgl_io::err_flag, 1);
-        const std::string message = " Error opening the file " + name;
-        EXPECT_EQ(wcfgl_io::err_mess, FixedText<80>(std::string_view(message)));
-    }
-    EXPECT_TRUE(fs::is_fifo(directory.name("pipe")));
-    EXPECT_TRUE(fs::is_character_file("/dev/zero"));
-    EXPECT_EQ(entries(directory), 2);
-}
-
-TEST(WriteFile, AFailedWriteLeavesTheOldFileWhole) {
+TEST(WriteFile, FailuresAreToldByStatusAndReason) {
     const TempDirectory directory;
     const std::string name = directory.file("a.gwr", "the old content");
     // A file size limit fails the write halfway, as a full disk does.
@@ -156,12 +94,32 @@ TEST(WriteFile, AFailedWriteLeavesTheOldFileWhole) {
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
     const rlimit small{40, limit.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    write(name);
+    EXPECT_EQ(write(name).reason, "File too large");
     ::setrlimit(RLIMIT_FSIZE, &limit);
     EXPECT_EQ(wcfgl_io::err_flag, 1);
     EXPECT_TRUE(wcfgl_io::err_mess.trimmed().starts_with(" Error writing the file /"));
     EXPECT_EQ(content_of(name), "the old content");
-    EXPECT_EQ(entries(directory), 1);
+
+    EXPECT_EQ(write(directory.path().string()).reason, "Is a directory");
+    EXPECT_EQ(wcfgl_io::err_flag, 1);
+    const std::string message = " Error opening the file " + directory.path().string();
+    EXPECT_EQ(wcfgl_io::err_mess, FixedText<80>(std::string_view(message)));
+    EXPECT_TRUE(write(name));
+    EXPECT_EQ(wcfgl_io::err_flag, 0);
+}
+
+TEST(WriteFile, ANameBeyondItsFieldIsNotWrittenUnderACutOne) {
+    const TempDirectory directory;
+    std::string folder = directory.path().string();
+    while (folder.size() < 200) folder += "/folder";
+    fs::create_directories(folder);
+    const std::string cut = folder + '/' + std::string(256 - folder.size() - 1, 'x');
+    EXPECT_TRUE(write(cut));
+    const std::string before = content_of(cut);
+    EXPECT_EQ(write(cut + "y", {0, 1, 0, 0}).reason, "File name too long");
+    EXPECT_EQ(wcfgl_io::err_flag, 1);
+    EXPECT_EQ(content_of(cut), before);
+    EXPECT_FALSE(fs::exists(cut + "y"));
 }
 
 }  // namespace
