@@ -3,8 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/combo.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/records.hpp"
@@ -229,7 +230,7 @@ TEST_F(DialogsDisplay, FailuresLeaveTheirCodeAndChangeNothing) {
     };
     float real = 3.0f;
     int number = 5;
-    yyDGmakecurrent(-1);
+    dialog_hooks.make_current(-1);
     EXPECT_EQ(error_of([&] { wdialoggetreal(1015, real); }), 1005);
     EXPECT_EQ(error_of([] { wdialogload(4711); }), 1007);
     EXPECT_EQ(error_of([] { wdialogselect(103); }), 1008);
@@ -278,7 +279,7 @@ TEST_F(DialogsDisplay, TheTypedTextIsWhatStandsInTheField) {
     EXPECT_EQ(infoerror(1), 0);
     EXPECT_EQ(wdialoggettypedtext(1028), "") << "a label";
     EXPECT_EQ(infoerror(1), 1006);
-    yyDGmakecurrent(-1);
+    dialog_hooks.make_current(-1);
     EXPECT_EQ(wdialoggettypedtext(1029), "");
     EXPECT_EQ(infoerror(1), 1005);
 }

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/display_input.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"

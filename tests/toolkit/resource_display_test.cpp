@@ -1,8 +1,8 @@
 /// Images of the resource block as the server holds them.
 #include <gtest/gtest.h>
 
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
 #include "toolkit/tesserakit.hpp"

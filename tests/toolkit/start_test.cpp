@@ -1,7 +1,7 @@
 // X has macros that GoogleTest does not compile behind.
 #include <gtest/gtest.h>
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/tesserakit.hpp"
 
 #include <cstdlib>

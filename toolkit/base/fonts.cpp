@@ -1,14 +1,18 @@
 #include "toolkit/base/fonts.hpp"
 
 #include "common/number_field.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/motif_text.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/x_resources.hpp"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 
 namespace tesserakit {
+
+constinit Fonts wFonts{};
+constinit DialogUnits dialog_units{};
 
 namespace {
 
@@ -117,6 +121,23 @@ void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseli
                  static_cast<Position>(x), static_cast<Position>(top),
                  static_cast<Dimension>(XmStringWidth(font.table, string.get())),
                  XmALIGNMENT_BEGINNING, XmSTRING_DIRECTION_L_TO_R, nullptr);
+}
+
+DialogUnits dialog_units_of(const FontMeasures& measures) {
+    // Tenths in integers: the product with 1.1 would depend on its rounding.
+    const int widths = measures.smallest_width + measures.largest_width;
+    const int heights = measures.ascent + measures.descent;
+    return {std::max(1, widths * 11 / 20), std::max(1, heights * 11 / 10)};
+}
+
+void load_fonts() {
+    const ResourceValues values = resource_values();
+    wFonts.dialog = load_font(values.dialog_font);
+    wFonts.symbol = load_font(values.symbol_font);
+    wFonts.menu = load_font(values.menu_font);
+    wFonts.status = load_font(values.status_font);
+    wFonts.fixed = load_font(values.fixed_font);
+    dialog_units = dialog_units_of(wFonts.dialog.measures);
 }
 
 }  // namespace tesserakit

@@ -36,4 +36,28 @@ int text_width(const TextFont& font, std::string_view text);
 void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseline,
                std::string_view text);
 
+/// Fonts of the run, made at start-up from the X resources dialogFont, symbolFont, menuFont and
+/// statusFont of the application class Tess (names for Xft, such as "Sans-10", or X font names).
+struct Fonts {
+    TextFont dialog;  ///< fields of dialogs; their units come from its measures
+    TextFont symbol;  ///< Greek letters of labels in the symbol font
+    TextFont menu;
+    TextFont status;
+    TextFont fixed;  ///< columns line up: text editor
+};
+extern Fonts wFonts;
+
+/// Horizontal pixels of 4 and vertical pixels of 8 dialog units.
+struct DialogUnits {
+    int horizontal = 1;
+    int vertical = 1;
+};
+/// Those of the dialog font.
+extern DialogUnits dialog_units;
+/// From the measures of a font: half of (smallest + largest width) and ascent + descent, each
+/// with a tenth added, cut, and at least 1.
+DialogUnits dialog_units_of(const FontMeasures& measures);
+/// Loads them. Needs the display.
+void load_fonts();
+
 }  // namespace tesserakit

@@ -1,6 +1,6 @@
 #include "toolkit/base/picture_scale.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/display.hpp"
 
 #include <X11/Xutil.h>
 

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
 

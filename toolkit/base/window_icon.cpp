@@ -1,7 +1,7 @@
 #include "toolkit/base/window_icon.hpp"
 
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
 

@@ -1,7 +1,8 @@
 #include "toolkit/dialogs/build.hpp"
 
+#include "toolkit/base/display.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/base/motif_text.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/fields/buttons.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/label.hpp"

@@ -1,6 +1,6 @@
 #include "common/fixed_text.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/layout.hpp"
@@ -8,10 +8,9 @@
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/dialogs/records.hpp"
 #include "toolkit/dialogs/show.hpp"
-#include "toolkit/messages/messages.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/widgets/placement.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <Xm/Xm.h>
 
@@ -61,162 +60,6 @@ void screen_position(const DialogRecord& dialog, int& x, int& y) {
 }
 
 }  // namespace
-
-// What the rest of the toolkit asks
-
-DialogPlace yyDGplace(Widget widget) {
-    const DialogRecord* dialog = dialog_around(widget);
-    if (!dialog) return {};
-    const FieldRecord* field = field_around(widget);
-    return {.slot = slot_of(*dialog),
-            .identifier = dialog->identifier,
-            .field = field ? field->identifier : 0,
-            .user_drawn = field ? field->user_drawn : dialog->user_drawn};
-}
-
-int yyDGslot(int identifier) {
-    if (identifier == -1) return -1;
-    const auto found = std::ranges::find(wDialogInfo, identifier, &DialogRecord::identifier);
-    return found == wDialogInfo.end() ? -1 : static_cast<int>(found - wDialogInfo.begin());
-}
-
-int yyDGidentifier(int slot) {
-    const DialogRecord* dialog = loaded_dialog(slot);
-    return dialog ? dialog->identifier : -1;
-}
-
-int yyDGcurrent() { return wDialog; }
-
-PostingState* yyDGposting(int slot) {
-    DialogRecord* dialog = loaded_dialog(slot);
-    return dialog ? &dialog->posting : nullptr;
-}
-
-SemiModalLink* yyDGsemilink(int slot) {
-    DialogRecord* dialog = loaded_dialog(slot);
-    return dialog ? &dialog->previous : nullptr;
-}
-
-Widget yyDGwidget(int slot) {
-    const DialogRecord* dialog = loaded_dialog(slot);
-    return dialog ? dialog->widget : nullptr;
-}
-
-int yyDGmakecurrent(int slot) {
-    const int former = wDialog;
-    wDialog = loaded_dialog(slot) ? slot : -1;
-    return former;
-}
-
-int yyDGwindow(int slot) {
-    const DialogRecord* dialog = loaded_dialog(slot);
-    return dialog ? dialog->window : -1;
-}
-
-HostedDialog yyDGhostcheck(int identifier) {
-    int fields = 0;
-    int title_length = 0;
-    yyrcdialogcheck(identifier, fields, title_length);
-    if (fields < 0) return {.status = -1};
-    HostedDialog hosted;
-    int style = 0;
-    int flags = 0;
-    int resize_field = 0;
-    std::vector<char> title(static_cast<std::size_t>(title_length));
-    yyrcdialogload(identifier, hosted.width, hosted.height, style, flags, resize_field, fields,
-                   title);
-    constexpr int wanted = dialog_style::child | dialog_style::control_parent;
-    const bool framed = (style & dialog_style::caption) == dialog_style::caption ||
-                        (style & dialog_style::system_menu) != 0;
-    if ((style & wanted) != wanted || framed) return {.status = -2};
-    if (yyDGslot(identifier) >= 0) return {.status = -5};
-    if (free_slot() < 0) return {.status = -3};
-    hosted.width = pixels_across(hosted.width);
-    hosted.height = pixels_down(hosted.height);
-    hosted.resizable = resize_field != 0;
-    return hosted;
-}
-
-int yyDGhost(int identifier, int window, Widget parent) {
-    const HostedDialog check = yyDGhostcheck(identifier);
-    if (check.status != 0) return check.status;
-    const int slot = free_slot();
-    DialogRecord& dialog = dialog_slot(slot);
-    load_records(dialog, identifier);
-    dialog.window = window;
-    create_widgets(dialog, parent);
-    return slot;
-}
-
-void yyDGhostplace(int slot, int x, int y, int width, int height) {
-    DialogRecord* dialog = loaded_dialog(slot);
-    if (!dialog) return;
-    place(dialog->widget, x, y, width, height);
-    lay_out_fields(*dialog);
-    if (dialog->shown()) return;
-    dialog->show_mode = DialogModeless;
-    XtManageChild(dialog->widget);
-    restack_all(*dialog);
-}
-
-void yyDGunload(int slot) {
-    if (DialogRecord* dialog = loaded_dialog(slot)) unload(*dialog);
-}
-
-bool yyDGshellresized(int slot, int width, int height) {
-    DialogRecord* dialog = loaded_dialog(slot);
-    if (!dialog || !dialog->shell || (dialog->width == width && dialog->height == height))
-        return false;
-    dialog->width = width;
-    dialog->height = height;
-    return true;
-}
-
-PictureField yyDGpicture(int slot, int identifier) {
-    DialogRecord* dialog = loaded_dialog(slot);
-    const FieldRecord* field = dialog ? find_field(*dialog, identifier) : nullptr;
-    if (!field) return {};
-    return {.exists = true,
-            .picture = field->type == FieldType::Picture,
-            .widget = field->widget,
-            .x = field->box.x,
-            .y = field->box.y,
-            .width = field->box.width,
-            .height = field->box.height};
-}
-
-void yyDGadopt(int slot, int identifier, Widget widget) {
-    DialogRecord* dialog = loaded_dialog(slot);
-    FieldRecord* field = dialog ? find_field(*dialog, identifier) : nullptr;
-    if (!field) return;
-    // The widget of a former context may have been destroyed with it; ours is still there.
-    if (field->position_widget && field->position_widget != widget)
-        XtDestroyWidget(field->position_widget);
-    field->widget = widget;
-    field->position_widget = widget;
-    field->user_drawn = true;
-    dialog->fields_user_drawn = true;
-    dialog->user_drawn = true;
-    apply_message_mask(widget);
-}
-
-void yyDGEnableMessage() {
-    for (DialogRecord& dialog : wDialogInfo) {
-        if (!dialog.loaded() || !dialog.user_drawn) continue;
-        for (FieldRecord& field : dialog.fields)
-            if (field.user_drawn && field.widget) apply_message_mask(field.widget);
-    }
-}
-
-void yyDGshutdown() {
-    for (DialogRecord& dialog : wDialogInfo)
-        if (dialog.loaded() && !dialog.is_page()) unload(dialog);
-    wDialog = -1;
-}
-
-void yyDGInit() { wDialog = -1; }
-
-// Public calls
 
 void wdialogload(int dialog) {
     int slot = yyDGslot(dialog);

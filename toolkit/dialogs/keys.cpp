@@ -1,7 +1,7 @@
 #include "toolkit/dialogs/keys.hpp"
 
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/motif_text.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/fields/radio.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/post.hpp"

@@ -1,12 +1,13 @@
 #include "toolkit/dialogs/load.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/display.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/resize.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/windows/gl_target.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 namespace tesserakit {
 namespace {

@@ -68,4 +68,10 @@ FieldRecord* field_around(Widget widget) {
     return nullptr;
 }
 
+int yyDGslot(int identifier) {
+    if (identifier == -1) return -1;
+    const auto found = std::ranges::find(wDialogInfo, identifier, &DialogRecord::identifier);
+    return found == wDialogInfo.end() ? -1 : static_cast<int>(found - wDialogInfo.begin());
+}
+
 }  // namespace tesserakit

@@ -7,12 +7,12 @@
 /// Sizes and positions are pixels. Nothing of this is seen by the application.
 #pragma once
 
+#include "toolkit/base/box.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
 #include "toolkit/resource/yyrc.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/widgets/numeric_field.hpp"
-#include "toolkit/windows/dialog_hosting.hpp"
-#include "toolkit/windows/window_layout.hpp"
+#include "toolkit/windows/dialog_hooks.hpp"
 
 #include <X11/Intrinsic.h>
 
@@ -124,6 +124,8 @@ inline constexpr int dialog_slots = 100;
 extern std::array<DialogRecord, dialog_slots>& wDialogInfo;
 extern int wDialog;  ///< current slot, -1 none
 
+/// The slot of a loaded dialog, -1 if it isn't loaded.
+int yyDGslot(int identifier);
 /// The current dialog, or null with 1005 stored under `routine`.
 DialogRecord* current_dialog(const char* routine);
 /// The field of the current dialog, or null with 1005 (no dialog) or 1006 (no such field, or of

@@ -1,7 +1,7 @@
 /// How the fields of a dialog follow its size. No X here.
 #pragma once
 
-#include "toolkit/windows/window_layout.hpp"
+#include "toolkit/base/box.hpp"
 
 #include <span>
 #include <vector>

@@ -1,14 +1,17 @@
 #include "toolkit/dialogs/show.hpp"
 
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/fields/tab.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/layout.hpp"
 #include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/modal_loop.hpp"
+#include "toolkit/messages/snapshots.hpp"
 #include "toolkit/widgets/placement.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/window_layout.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <Xm/Xm.h>
 

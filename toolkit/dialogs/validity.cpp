@@ -1,6 +1,6 @@
 #include "toolkit/dialogs/validity.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/dialogs/values.hpp"
 #include "toolkit/widgets/placement.hpp"

@@ -1,13 +1,19 @@
 #include "toolkit/menus/menus.hpp"
 
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
+#include "toolkit/menus/toolbars.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <Xm/DrawP.h>
 
 #include <algorithm>
+#include <array>
+#include <memory>
 
 namespace tesserakit {
 
@@ -16,9 +22,20 @@ namespace {
 constexpr int beside_text = 7;  // of a row's height
 constexpr int shadow_thickness = 1;
 
+struct State {
+    std::array<std::unique_ptr<MenuBar>, window_slots> bars;  ///< pwRootMenuSub, by window
+};
+State& state = *new State;  // never destroyed: at exit the display may be gone
+
 MenuBar* bar_of(int window) {
     if (window < 0 || window >= window_slots) return nullptr;
-    return windows[static_cast<std::size_t>(window)].menu.get();
+    return state.bars[static_cast<std::size_t>(window)].get();
+}
+
+int yymnwindowofbar(Window window) {
+    const auto found = std::ranges::find_if(
+        state.bars, [window](const auto& bar) { return bar && bar->window == window; });
+    return found == state.bars.end() ? -1 : static_cast<int>(found - state.bars.begin());
 }
 
 bool in_resource(int menu) {
@@ -40,20 +57,20 @@ void yymncreate(int menu, int window) {
         yyerror(MenuNotLoaded, "WindowOpen");
         return;
     }
-    WindowSlot& slot = windows[static_cast<std::size_t>(window)];
-    slot.menu = std::make_unique<MenuBar>();
-    slot.menu->identifier = menu;
-    slot.menu->window =
-        XCreateSimpleWindow(yydisplay.display, slot.window, 0, 0, 1,
+    auto& bar = state.bars[static_cast<std::size_t>(window)];
+    bar = std::make_unique<MenuBar>();
+    bar->identifier = menu;
+    bar->window =
+        XCreateSimpleWindow(yydisplay.display, window_slot(window).window, 0, 0, 1,
                             static_cast<unsigned>(yymenuheight()), 0, 0, wSchemeCol.background);
-    XSelectInput(yydisplay.display, slot.menu->window, ExposureMask | ButtonPressMask);
-    XMapWindow(yydisplay.display, slot.menu->window);
+    XSelectInput(yydisplay.display, bar->window, ExposureMask | ButtonPressMask);
+    XMapWindow(yydisplay.display, bar->window);
 }
 
 void yymndestroy(int window) {
     if (!bar_of(window)) return;
     XDestroyWindow(yydisplay.display, bar_of(window)->window);
-    windows[static_cast<std::size_t>(window)].menu.reset();
+    state.bars[static_cast<std::size_t>(window)].reset();
 }
 
 int yymnresize(int window, int width) {
@@ -98,6 +115,28 @@ int yyacinterpretkey(KeySym, int, unsigned) { return 0; }
 bool yymninterpretbutton(const XButtonEvent& event, int window) {
     const MenuBar* bar = bar_of(window);
     return bar && event.window == bar->window;
+}
+
+void install_menus() {
+    menu_hooks = {
+        .height_of = yymnheightof,
+        .create = yymncreate,
+        .destroy = yymndestroy,
+        .resize = yymnresize,
+        .height = yymnheight,
+        .draw = yymndraw,
+        .window_of_bar = yymnwindowofbar,
+        .active = yymenuactive,
+        .deactivate = yymndeactivate,
+        .interpret_key = yymninterpretkey,
+        .interpret_accelerator = yyacinterpretkey,
+        .interpret_button = yymninterpretbutton,
+        .toolbar_thickness_of = yymntbarthickness,
+        .toolbar_create = yymntbar,
+        .toolbar_resize = yymntbarresize,
+        .toolbar_destroy = yymntbardestroy,
+        .toolbar_thickness = yymntbarthicknessnow,
+    };
 }
 
 }  // namespace tesserakit

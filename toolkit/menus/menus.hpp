@@ -21,6 +21,8 @@ int yymnheightof(int menu);
 /// the resource: error 1002, and no bar.
 void yymncreate(int menu, int window);
 void yymndestroy(int window);
+/// Fills the record of what windows and messages ask of menus and toolbars.
+void install_menus();
 /// Gives the bar its width; answers the height that it takes.
 int yymnresize(int window, int width);
 void yymndraw(int window);

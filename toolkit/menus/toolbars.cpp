@@ -1,11 +1,14 @@
 #include "toolkit/menus/toolbars.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <X11/IntrinsicP.h>
 #include <Xm/DrawingA.h>
+
+#include <array>
+#include <memory>
 
 namespace tesserakit {
 
@@ -16,8 +19,15 @@ constexpr int beside_width = 10;   // at the left or right
 
 bool lies(int side) { return side == TopSide || side == BottomSide; }
 
+using Toolbars = std::array<std::unique_ptr<Toolbar>, 4>;  // top, left, right, bottom
+
+struct State {
+    std::array<Toolbars, window_slots> toolbars;  ///< pwToolbar, by window
+};
+State& state = *new State;  // never destroyed: at exit the display may be gone
+
 std::unique_ptr<Toolbar>& toolbar_of(int side, int window) {
-    return windows[static_cast<std::size_t>(window)].toolbars[static_cast<std::size_t>(side)];
+    return state.toolbars[static_cast<std::size_t>(window)][static_cast<std::size_t>(side)];
 }
 
 }  // namespace
@@ -40,10 +50,14 @@ void yymntbar(int side, int toolbar, int window) {
     bar->identifier = toolbar;
     bar->thickness = thickness;
     bar->widget = XtVaCreateManagedWidget(
-        "Toolbar", xmDrawingAreaWidgetClass,
-        windows[static_cast<std::size_t>(window)].window_widget, XmNmarginWidth, 0, XmNmarginHeight,
-        0, XmNtraversalOn, False, XmNbackground, wSchemeCol.background, XmNwidth,
+        "Toolbar", xmDrawingAreaWidgetClass, window_slot(window).window_widget, XmNmarginWidth, 0,
+        XmNmarginHeight, 0, XmNtraversalOn, False, XmNbackground, wSchemeCol.background, XmNwidth,
         lies(side) ? 1 : thickness, XmNheight, lies(side) ? thickness : 1, nullptr);
+}
+
+int yymntbarthicknessnow(int side, int window) {
+    const auto& bar = toolbar_of(side, window);
+    return bar ? bar->thickness : 0;
 }
 
 void yymntbarresize(int side, int window, const Box& box) {

@@ -18,6 +18,8 @@ struct Toolbar {
 int yymntbarthickness(int side, int toolbar);
 /// Builds a window's toolbar on a side; nothing for a toolbar that doesn't exist.
 void yymntbar(int side, int toolbar, int window);
+/// Thickness of a window's toolbar, 0 without one.
+int yymntbarthicknessnow(int side, int window);
 void yymntbarresize(int side, int window, const Box& box);
 void yymntbardestroy(int side, int window);
 

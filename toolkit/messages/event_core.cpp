@@ -2,13 +2,18 @@
 // type, or 0; a message of a disabled type is never written, so that what a callback has posted
 // stays as it is.
 
-#include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/messages/event_core.hpp"
+
+#include "toolkit/base/display.hpp"
+#include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/key_codes.hpp"
-#include "toolkit/messages/messages.hpp"
-#include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/snapshots.hpp"
 #include "toolkit/messages/timers.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/dialog_hooks.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
+#include "toolkit/windows/window_placing.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
@@ -41,9 +46,7 @@ int put_message(const Mail& mail) {
     return mail.type;
 }
 
-WindowSlot& slot_of(const WindowOwner& owner) {
-    return windows[static_cast<std::size_t>(owner.window)];
-}
+WindowSlot& slot_of(const WindowOwner& owner) { return window_slot(owner.window); }
 
 // Keys
 
@@ -64,11 +67,11 @@ Key look_up(XKeyEvent& event) {
 DialogPlace dialog_of_key(const WindowOwner& owner) {
     if (owner.dialog.slot >= 0 || owner.window < 0) return owner.dialog;
     const int hosted = slot_of(owner).dialog;
-    return hosted >= 0 ? yyDGplace(yyDGwidget(hosted)) : DialogPlace{};
+    return hosted >= 0 ? dialog_hooks.place(dialog_hooks.widget(hosted)) : DialogPlace{};
 }
 
 int ask_for_help(const DialogPlace& dialog, const XKeyEvent& event) {
-    yyDGSendTesserakitMessage(yyDGposting(dialog.slot),
+    yyDGSendTesserakitMessage(dialog_hooks.posting(dialog.slot),
                               {.type = PushButton,
                                .value1 = help_button,
                                .value2 = dialog.field != 0 ? dialog.field : help_button,
@@ -111,8 +114,9 @@ int key_press(XEvent& event) {
     if (dialog.slot >= 0 && (key.keysym == XK_F1 || key.keysym == XK_KP_F1))
         return ask_for_help(dialog, event.xkey);
     if (owner.window < 0) return 0;
-    int item = yymninterpretkey(key.keysym, owner.window, event.xkey.state);
-    if (item == 0) item = yyacinterpretkey(key.keysym, owner.window, event.xkey.state);
+    int item = menu_hooks.interpret_key(key.keysym, owner.window, event.xkey.state);
+    if (item == 0)
+        item = menu_hooks.interpret_accelerator(key.keysym, owner.window, event.xkey.state);
     if (item != 0) return select_by_key(event.xkey, owner.window, item);
     if (slot_of(owner).type != WindowType::Plain || owner.dialog.slot >= 0) return 0;
     return key_down(event.xkey, key, owner.window);
@@ -169,8 +173,8 @@ int button(XEvent& event) {
     const bool press = event.type == ButtonPress;
     bPointerGrabbed = press;
     const WindowOwner owner = yygetparenthandle(event.xbutton.window);
-    if (press && yymninterpretbutton(event.xbutton, owner.window)) return 0;
-    if (press && yymenuactive()) yymndeactivate();
+    if (press && menu_hooks.interpret_button(event.xbutton, owner.window)) return 0;
+    if (press && menu_hooks.active()) menu_hooks.deactivate();
     if (owner.kind != WindowKind::Client) return 0;
     if (press) take_focus(slot_of(owner), event.xbutton.time);
     return put_message(from_window(button_mail(event.xbutton), owner.window));
@@ -221,10 +225,10 @@ int expose(XEvent& event) {
             if (!damage(event.xexpose)) return 0;
             return put_message(from_window(expose_mail(event.xexpose), owner.window));
         case WindowKind::MenuBar:
-            yymndraw(owner.window);
+            menu_hooks.draw(owner.window);
             return 0;
         case WindowKind::StatusBar:
-            yystatusbardraw(owner.window);
+            yystatusbardraw(*window_slot(owner.window).status_bar);
             return 0;
         default:
             return 0;
@@ -252,7 +256,7 @@ int window_configured(WindowSlot& slot, int window, const XConfigureEvent& event
 }
 
 int dialog_configured(const DialogPlace& dialog, const XConfigureEvent& event) {
-    if (!yyDGshellresized(dialog.slot, event.width, event.height)) return 0;
+    if (!dialog_hooks.shell_resized(dialog.slot, event.width, event.height)) return 0;
     return put_message({.type = Resize,
                         .value1 = event.width,
                         .value2 = event.height,
@@ -363,7 +367,7 @@ int yyMSInterpretMessageCore(XEvent& event) {
 int yyDGInterpretToolkit(XEvent& event) {
     const Widget widget = XtWindowToWidget(yydisplay.display, event.xany.window);
     if (!widget) return 0;
-    const DialogPlace place = yyDGplace(widget);
+    const DialogPlace place = dialog_hooks.place(widget);
     if (place.slot < 0 || !place.user_drawn) return 0;
     switch (event.type) {
         case ButtonPress:

@@ -1,25 +1,21 @@
 #include "toolkit/messages/messages.hpp"
 
-#include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/display.hpp"
+#include "toolkit/messages/event_core.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/timers.hpp"
+#include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/drawables.hpp"
-#include "toolkit/windows/windows.hpp"
-
-#include <algorithm>
+#include "toolkit/windows/event_masks.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
+#include "toolkit/windows/message_hooks.hpp"
+#include "toolkit/windows/window_layout.hpp"
 
 namespace tesserakit {
 
 constinit XEvent iEvent{};
 
 namespace {
-
-constexpr int idle_tick_ms = 10;
-
-// Event handler that does nothing: it stands for the events that messages are made of, so that
-// Xt's own selections on a widget don't drop them.
-void wanted(Widget, XtPointer, XEvent*, Boolean*) {}
 
 /// The low-level steps for one event; a later step sees what the earlier ones left.
 int yyMSInterpretMessageLowLevel(XEvent& event) {
@@ -56,7 +52,7 @@ Mail yydispatchmessage(bool wait) {
         while (type == 0) {
             type = step(wait);
             // What happens in an open menu is not the application's.
-            if (yymenuactive() && type != NoMessage) {
+            if (menu_hooks.active() && type != NoMessage) {
                 wXtMesg = {};
                 type = 0;
             }
@@ -143,21 +139,6 @@ void deliver(const Mail& mail, int& type, MessageRecord& record) {
     if (type == Resize) refresh_drawable();
 }
 
-EventMask message_mask() {
-    EventMask mask = ButtonPressMask | FocusChangeMask;
-    if (message_enabled(KeyDown)) mask |= KeyPressMask;
-    if (message_enabled(MouseButUp)) mask |= ButtonReleaseMask;
-    if (message_enabled(MouseMove)) mask |= PointerMotionMask;
-    if (message_enabled(ExposeMessage)) mask |= ExposureMask;
-    return mask;
-}
-
-void change_active_grab() {
-    constexpr EventMask grab_bits = ButtonPressMask | ButtonReleaseMask | PointerMotionMask;
-    XChangeActivePointerGrab(yydisplay.display, static_cast<unsigned>(message_mask() & grab_bits),
-                             0, CurrentTime);
-}
-
 bool changes_mask(int type) {
     return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
            type == MouseButDblClick;
@@ -166,20 +147,6 @@ bool changes_mask(int type) {
 }  // namespace
 
 void yyinfomessage(int type, int& state) { state = message_enabled(type) ? 1 : 0; }
-
-void apply_message_mask(Widget widget, bool all) {
-    EventMask mask = message_mask();
-    if (!all) mask &= ~EventMask{KeyPressMask | KeyReleaseMask | PointerMotionMask};
-    XtRemoveEventHandler(widget, XtAllEvents, True, wanted, nullptr);
-    XtAddEventHandler(widget, mask, False, wanted, nullptr);
-}
-
-bool draws_for_application(Display* display, Window window) {
-    const Widget widget = XtWindowToWidget(display, window);
-    if (!widget) return false;
-    const auto client = [widget](const WindowSlot& slot) { return slot.client_widget == widget; };
-    return std::ranges::any_of(windows, client) || yyDGplace(widget).user_drawn;
-}
 
 bool event_waiting() {
     XtInputMask pending = XtAppPending(yydisplay.app);
@@ -216,10 +183,23 @@ void wmessageenable(int type, int state) {
     set_message_enabled(type, state == 1);
     if (type == TimerExpired) TimerEnabled = state == 1;
     if (!changes_mask(type) || !yydisplay.display) return;
-    for (const WindowSlot& slot : windows)
-        if (slot.open()) apply_message_mask(slot.client_widget);
-    yyDGEnableMessage();
-    if (bPointerGrabbed) change_active_grab();
+    apply_message_masks(bPointerGrabbed);
+}
+
+void install_messages() {
+    message_hooks = {
+        .open =
+            [] {
+                load_message_defaults();
+                TimerEnabled = message_enabled(TimerExpired);
+            },
+        .window_closes = [](int window) { yyMSSemiAddRemove(-1, window_object, window); },
+        .shut_down =
+            [] {
+                cancel_timers();
+                clear_mailbox();
+            },
+    };
 }
 
 }  // namespace tesserakit

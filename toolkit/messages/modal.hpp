@@ -1,18 +1,23 @@
-/// Modal loops, the semi-modal chain, and which events may pass meanwhile.
+/// The modal stack, the semi-modal chain, and which events may pass meanwhile. The loops themselves
+/// run in modal_loop.hpp.
 #pragma once
 
 #include <X11/Intrinsic.h>
 
 namespace tesserakit {
 
+/// Types of objects in the semi-modal chain.
+inline constexpr int window_object = 1;
+inline constexpr int dialog_object = 2;
+
 extern bool bModalMessageLoop;  ///< cleared by the button that ends the innermost loop
 extern int nModalWindows;       ///< loops that are running
 extern int wObjCur;             ///< object of the semi-modal state
 extern int wObjCurType;         ///< 0 none, 1 window slot, 2 dialog slot
 
-/// Runs a loop of its own for `widget` (a dialog's or common dialog's) until bModalMessageLoop is
-/// cleared. `index` is its dialog slot, -1 for a common dialog. Messages meanwhile are dropped.
-void yyMSModalMessageLoop(Widget widget, int index);
+/// The modal stack: adds the widget of a loop that begins, or takes away the innermost entry.
+/// `index` is its dialog slot, -1 for a common dialog.
+void yyMSModalAddRemove(Widget widget, int index, bool add);
 
 /// Direction 1 enters semi-modal state with an object (type 1 window slot, 2 dialog slot), -1
 /// leaves it; objects may leave in any order.
@@ -23,12 +28,7 @@ bool yyMSCheckWinDiag(XEvent& event);
 
 /// The widget of the innermost modal loop, null without one.
 Widget top_modal_widget();
-
-/// Copies what the client areas show (true), so that the toolkit can repair them during a modal
-/// loop, and drops the copies again (false). Calls nest. When the server lacks room an error is
-/// left, and the areas stay blank until the application draws them.
-void yygetwindowbitmap(bool take);
-/// wBlitOn: repairs a client area or user-drawn field from its copy; false if there is none.
-bool repair_from_snapshot(Window window, const XExposeEvent& event);
+/// The widget that common dialogs hang on: the top modal one, else the current window's shell.
+Widget yyMSReturnCurrentUserWidget();
 
 }  // namespace tesserakit

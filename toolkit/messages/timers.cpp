@@ -1,7 +1,7 @@
 #include "toolkit/messages/timers.hpp"
 
-#include "toolkit/base/start.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/base/display.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <algorithm>
 #include <list>

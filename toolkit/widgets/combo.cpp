@@ -1,6 +1,6 @@
 #include "toolkit/widgets/combo_p.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
 #include "toolkit/widgets/list_items.hpp"
 
 #include <Xm/List.h>

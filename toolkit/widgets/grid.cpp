@@ -1,6 +1,6 @@
 #include "toolkit/widgets/grid_p.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
 
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>

@@ -1,7 +1,8 @@
 #include "toolkit/widgets/spin_p.hpp"
 
 #include "common/number_field.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/widgets/numeric_field.hpp"
 
 #include <Xm/TextF.h>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "toolkit/base/box.hpp"
 #include "toolkit/widgets/class_record.hpp"
 #include "toolkit/widgets/spin.hpp"
-#include "toolkit/windows/window_layout.hpp"
 
 namespace tesserakit {
 

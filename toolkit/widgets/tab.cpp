@@ -1,6 +1,6 @@
 #include "toolkit/widgets/tab_p.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
 
 #include <algorithm>
 #include <array>

@@ -3,8 +3,8 @@
 /// The pages are no children of it; they stand in front of its frame.
 #pragma once
 
+#include "toolkit/base/box.hpp"
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/windows/window_layout.hpp"
 
 #include <X11/Intrinsic.h>
 

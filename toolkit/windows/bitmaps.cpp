@@ -1,14 +1,14 @@
-#include "toolkit/windows/bitmaps.hpp"
+// The calls on bitmaps; their slots stand in bitmap_slots.hpp.
 
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/bitmap_slots.hpp"
 #include "toolkit/windows/gl_target.hpp"
 
 #include <algorithm>
 
 namespace tesserakit {
-
-constinit std::array<BitmapSlot, bitmap_slots> bitmaps{};
 
 namespace {
 
@@ -34,18 +34,7 @@ bool make(BitmapSlot& bitmap, int width, int height) {
     return bitmap.pixmap != 0;
 }
 
-void release(BitmapSlot& bitmap) {
-    XFreePixmap(yydisplay.display, bitmap.pixmap);
-    bitmap = {};
-}
-
 }  // namespace
-
-BitmapSlot* bitmap_of(int handle) {
-    if (handle < 1 || handle > bitmap_slots) return nullptr;
-    BitmapSlot& bitmap = bitmaps[static_cast<std::size_t>(handle - 1)];
-    return bitmap.pixmap != 0 ? &bitmap : nullptr;
-}
 
 int wbitmapcreate(int width, int height) {
     const auto free = std::ranges::find(bitmaps, Pixmap{0}, &BitmapSlot::pixmap);
@@ -65,12 +54,7 @@ void wbitmapdestroy(int handle) {
         return;
     }
     gl_forget_bitmap(handle);
-    release(*bitmap_of(handle));
-}
-
-void free_bitmaps() {
-    for (int handle = 1; handle <= bitmap_slots; ++handle)
-        if (BitmapSlot* bitmap = bitmap_of(handle)) release(*bitmap);
+    free_bitmap(*bitmap_of(handle));
 }
 
 }  // namespace tesserakit

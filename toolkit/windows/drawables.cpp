@@ -1,8 +1,8 @@
 #include "toolkit/windows/drawables.hpp"
 
 #include "toolkit/base/errors.hpp"
-#include "toolkit/windows/bitmaps.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/bitmap_slots.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ struct Extent {
 
 Extent window_extent(int window) {
     if (window < 0 || window >= window_slots) return {};
-    const WindowSlot& slot = windows[static_cast<std::size_t>(window)];
+    const WindowSlot& slot = window_slot(window);
     return slot.open() ? Extent{true, slot.width, slot.height} : Extent{};
 }
 
@@ -30,7 +30,7 @@ Extent bitmap_extent(int handle) {
 }
 
 Extent field_extent(int dialog, int field) {
-    const PictureField picture = yyDGpicture(yyDGslot(dialog), field);
+    const PictureField picture = dialog_hooks.picture(dialog_hooks.slot(dialog), field);
     return {picture.exists, picture.width, picture.height};
 }
 
@@ -68,7 +68,7 @@ SelectedDrawable requested(int type, std::optional<int> number) {
         case 3:
             return {.type = DrawableType::Field,
                     .number = number.value_or(0),
-                    .dialog = yyDGidentifier(yyDGcurrent())};
+                    .dialog = dialog_hooks.identifier(dialog_hooks.current())};
         case 4:
             return {.type = DrawableType::Metafile, .number = number.value_or(1)};
         default:
@@ -87,15 +87,14 @@ void refresh_drawable() {
 Drawable selected_x_drawable() {
     switch (drawable.type) {
         case DrawableType::Window:
-            return window_extent(drawable.number).exists
-                       ? windows[static_cast<std::size_t>(drawable.number)].client
-                       : 0;
+            return window_extent(drawable.number).exists ? window_slot(drawable.number).client : 0;
         case DrawableType::Bitmap: {
             const BitmapSlot* bitmap = bitmap_of(drawable.number);
             return bitmap ? bitmap->pixmap : 0;
         }
         case DrawableType::Field: {
-            const Widget widget = yyDGpicture(yyDGslot(drawable.dialog), drawable.number).widget;
+            const Widget widget =
+                dialog_hooks.picture(dialog_hooks.slot(drawable.dialog), drawable.number).widget;
             return widget ? XtWindow(widget) : 0;
         }
         default:

@@ -4,14 +4,16 @@
 
 #include "toolkit/windows/gl_target.hpp"
 
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/gl_calls.hpp"
-#include "toolkit/messages/messages.hpp"
 #include "toolkit/widgets/wind.hpp"
-#include "toolkit/windows/bitmaps.hpp"
+#include "toolkit/windows/bitmap_slots.hpp"
+#include "toolkit/windows/event_masks.hpp"
 #include "toolkit/windows/gl_text.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/windows/window_placing.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <GL/gl.h>
 #include <GL/glx.h>
@@ -262,7 +264,7 @@ bool reuse_widget(Selection& selection, Widget present) {
 }
 
 int prepare_window(Selection& selection) {
-    const WindowSlot& slot = windows[static_cast<std::size_t>(selection.number)];
+    const WindowSlot& slot = window_slot(selection.number);
     if (reuse_widget(selection, slot.client_widget)) return Good;
     selection.widget =
         create_gl_widget(selection, slot.window_widget, {0, 0, slot.width, slot.height});
@@ -273,19 +275,14 @@ int prepare_window(Selection& selection) {
     return Good;
 }
 
-Widget top_of(Widget widget) {
-    while (widget && !XtIsShell(widget)) widget = XtParent(widget);
-    return widget;
-}
-
 int prepare_field(Selection& selection) {
-    const PictureField field = yyDGpicture(selection.dialog_slot, selection.number);
+    const PictureField field = dialog_hooks.picture(selection.dialog_slot, selection.number);
     if (reuse_widget(selection, field.widget)) return Good;
-    const Widget dialog = yyDGwidget(selection.dialog_slot);
+    const Widget dialog = dialog_hooks.widget(selection.dialog_slot);
     selection.widget = create_gl_widget(
         selection, dialog, {field.x, field.y, std::max(field.width, 1), std::max(field.height, 1)});
     selection.widget_is_new = true;
-    const Widget top = top_of(dialog);
+    const Widget top = shell_around(dialog);
     if (!XtIsRealized(selection.widget) || !top || !XtIsRealized(top)) return NoWindow;
     XtManageChild(selection.widget);
     selection.drawable = XtWindow(selection.widget);
@@ -339,7 +336,7 @@ void adopt_bitmap(const Selection& selection) {
 
 /// Tells the window manager whose colour maps to install for a top window.
 void announce_colormap(const Selection& selection, Widget middle) {
-    const Widget top = top_of(selection.widget);
+    const Widget top = shell_around(selection.widget);
     if (default_visual(*selection.visual)) {
         XDeleteProperty(yydisplay.display, XtWindow(top), yydisplay.wm_colormap_windows);
         return;
@@ -350,15 +347,11 @@ void announce_colormap(const Selection& selection, Widget middle) {
 }
 
 void adopt_window(Selection& selection) {
-    WindowSlot& slot = windows[static_cast<std::size_t>(selection.number)];
+    WindowSlot& slot = window_slot(selection.number);
     if (selection.widget_is_new) {
         XtDestroyWidget(slot.client_widget);
         slot.client_widget = selection.widget;
         slot.client = XtWindow(selection.widget);
-        slot.depth = selection.visual->depth;
-        slot.colormap = selection.colormap;
-        slot.private_colormap = selection.colormap_owned;
-        slot.gl_colormap = selection.colormap;
         keep_widget(selection);
     }
     announce_colormap(selection, slot.window_widget);
@@ -371,9 +364,9 @@ void adopt_window(Selection& selection) {
 void adopt_field(Selection& selection) {
     if (selection.widget_is_new) {
         keep_widget(selection);
-        yyDGadopt(selection.dialog_slot, selection.number, selection.widget);
+        dialog_hooks.adopt(selection.dialog_slot, selection.number, selection.widget);
     }
-    announce_colormap(selection, yyDGwidget(selection.dialog_slot));
+    announce_colormap(selection, dialog_hooks.widget(selection.dialog_slot));
 }
 
 void adopt(Selection& selection) {
@@ -411,11 +404,11 @@ bool valid(const Selection& selection) {
     switch (selection.target) {
         case GlTarget::Window:
             return selection.number >= 0 && selection.number < window_slots &&
-                   windows[static_cast<std::size_t>(selection.number)].open();
+                   window_slot(selection.number).open();
         case GlTarget::Bitmap:
             return bitmap_of(selection.number) != nullptr;
         case GlTarget::Field:
-            return yyDGpicture(selection.dialog_slot, selection.number).picture;
+            return dialog_hooks.picture(selection.dialog_slot, selection.number).picture;
         case GlTarget::Nothing:
             break;
     }
@@ -456,7 +449,7 @@ void wglselect(int target, int identifier, int mode) {
     }
     Selection selection{
         .target = static_cast<GlTarget>(target), .number = identifier, .mode = mode};
-    if (selection.target == GlTarget::Field) selection.dialog_slot = yyDGcurrent();
+    if (selection.target == GlTarget::Field) selection.dialog_slot = dialog_hooks.current();
     const int status = yydisplay.display ? yyglselect(selection) : int{InvalidTarget};
     if (status == Good) return;
     yyerror(status == InvalidTarget ? InvalidDrawable : OpenGLNotEnabled, "WglSelect", status);
@@ -475,7 +468,7 @@ void wglswapbuffers() {
 
 Widget gl_field_widget() {
     if (state.target != GlTarget::Field) return nullptr;
-    return yyDGpicture(state.dialog_slot, state.number).widget;
+    return dialog_hooks.picture(state.dialog_slot, state.number).widget;
 }
 
 void gl_forget_window(int window) {

@@ -2,8 +2,10 @@
 
 #include "common/fixed_text.hpp"
 
-#include "toolkit/base/start.hpp"
-#include "toolkit/windows/windows.hpp"
+#include "toolkit/base/box.hpp"
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
+#include "toolkit/base/fonts.hpp"
 
 #include <X11/Xlib.h>
 #include <Xm/DrawP.h>
@@ -26,11 +28,6 @@ struct State {
     GC bottom_shadow = nullptr;
 };
 State& state = *new State;
-
-StatusBar* bar_of(int window) {
-    if (window < 0 || window >= window_slots) return nullptr;
-    return windows[static_cast<std::size_t>(window)].status_bar.get();
-}
 
 GC gc_of(Pixel foreground) {
     XGCValues values{};
@@ -109,41 +106,35 @@ void draw_prompt(const StatusBar& bar, const StatusPart& part, const Box& box) {
 
 int isbarHeight() { return wFonts.status.height() + beside_text; }
 
-void yystatusbarcreate(int window) {
+std::unique_ptr<StatusBar> yystatusbarcreate(Widget main_window, int width) {
     make_gcs();
-    WindowSlot& slot = windows[static_cast<std::size_t>(window)];
-    slot.status_bar = std::make_unique<StatusBar>();
-    StatusBar& bar = *slot.status_bar;
-    bar.widget = XtVaCreateManagedWidget(
-        "StatusBar", xmDrawingAreaWidgetClass, slot.window_widget, XmNmarginWidth, 0,
-        XmNmarginHeight, 0, XmNtraversalOn, False, XmNbackground, wSchemeCol.background, XmNwidth,
-        std::max(slot.width, 1), XmNheight, isbarHeight(), nullptr);
-    bar.window = XtWindowOfObject(bar.widget);
-    yysetstatusbar2(window, {rest_of_width});
+    auto bar = std::make_unique<StatusBar>();
+    bar->widget = XtVaCreateManagedWidget("StatusBar", xmDrawingAreaWidgetClass, main_window,
+                                          XmNmarginWidth, 0, XmNmarginHeight, 0, XmNtraversalOn,
+                                          False, XmNbackground, wSchemeCol.background, XmNwidth,
+                                          std::max(width, 1), XmNheight, isbarHeight(), nullptr);
+    bar->window = XtWindowOfObject(bar->widget);
+    yysetstatusbar2(*bar, {rest_of_width});
+    return bar;
 }
 
-void yysetstatusbar2(int window, const std::vector<int>& right_edges) {
-    StatusBar* bar = bar_of(window);
-    if (!bar) return;
-    for (const StatusPart& part : bar->parts) XDestroyWindow(yydisplay.display, part.window);
+void yysetstatusbar2(StatusBar& bar, const std::vector<int>& right_edges) {
+    for (const StatusPart& part : bar.parts) XDestroyWindow(yydisplay.display, part.window);
     const std::size_t count =
         std::clamp<std::size_t>(right_edges.size(), 1, static_cast<std::size_t>(status_parts));
     std::vector<StatusPart> parts(count);
-    bar->stretching = -1;
     for (std::size_t i = 0; i < count; ++i) {
         if (i < right_edges.size()) parts[i].right_edge = right_edges[i];
-        if (i < bar->parts.size()) parts[i].text = bar->parts[i].text;
-        if (i < bar->parts.size()) parts[i].alignment = bar->parts[i].alignment;
-        if (parts[i].right_edge == rest_of_width) bar->stretching = static_cast<int>(i);
+        if (i < bar.parts.size()) parts[i].text = bar.parts[i].text;
+        if (i < bar.parts.size()) parts[i].alignment = bar.parts[i].alignment;
     }
-    bar->parts = std::move(parts);
-    for (std::size_t i = 0; i < count; ++i) make_part_window(*bar, i);
+    bar.parts = std::move(parts);
+    for (std::size_t i = 0; i < count; ++i) make_part_window(bar, i);
 }
 
-void yysetstatustext2(int window, int part, std::string_view text) {
-    StatusBar* bar = bar_of(window);
-    if (!bar || part < 1 || part > static_cast<int>(bar->parts.size())) return;
-    StatusPart& target = bar->parts[static_cast<std::size_t>(part - 1)];
+void yysetstatustext2(StatusBar& bar, int part, std::string_view text) {
+    if (part < 1 || part > static_cast<int>(bar.parts.size())) return;
+    StatusPart& target = bar.parts[static_cast<std::size_t>(part - 1)];
     target.alignment = StatusAlignment::Left;
     if (text.starts_with("\t\t")) {
         target.alignment = StatusAlignment::Right;
@@ -153,37 +144,32 @@ void yysetstatustext2(int window, int part, std::string_view text) {
         text.remove_prefix(1);
     }
     target.text = without_trailing_blanks(text);
-    if (bar->help.empty())
-        draw_part(target, part_box(*bar, static_cast<std::size_t>(part - 1), bar_width(*bar)));
+    if (bar.help.empty())
+        draw_part(target, part_box(bar, static_cast<std::size_t>(part - 1), bar_width(bar)));
 }
 
-void yystatusbardraw(int window) {
-    StatusBar* bar = bar_of(window);
-    if (!bar) return;
-    const int width = bar_width(*bar);
-    for (std::size_t i = 0; i < bar->parts.size(); ++i) {
-        const Box box = part_box(*bar, i, width);
-        if (bar->help.empty()) {
-            draw_part(bar->parts[i], box);
+void yystatusbardraw(const StatusBar& bar) {
+    const int width = bar_width(bar);
+    for (std::size_t i = 0; i < bar.parts.size(); ++i) {
+        const Box box = part_box(bar, i, width);
+        if (bar.help.empty()) {
+            draw_part(bar.parts[i], box);
         } else {
-            draw_prompt(*bar, bar->parts[i], box);
+            draw_prompt(bar, bar.parts[i], box);
         }
     }
 }
 
-void yyStatusBarHelp(int window, std::string_view prompt) {
-    StatusBar* bar = bar_of(window);
-    if (!bar || bar->help == prompt) return;
-    bar->help = prompt;
-    yystatusbardraw(window);
+void yyStatusBarHelp(StatusBar& bar, std::string_view prompt) {
+    if (bar.help == prompt) return;
+    bar.help = prompt;
+    yystatusbardraw(bar);
 }
 
-void yystatusbarresize(int window, int width) {
-    StatusBar* bar = bar_of(window);
-    if (!bar) return;
-    for (std::size_t i = 0; i < bar->parts.size(); ++i) {
-        const Box box = part_box(*bar, i, width);
-        XMoveResizeWindow(yydisplay.display, bar->parts[i].window, box.x, box.y,
+void yystatusbarresize(const StatusBar& bar, int width) {
+    for (std::size_t i = 0; i < bar.parts.size(); ++i) {
+        const Box box = part_box(bar, i, width);
+        XMoveResizeWindow(yydisplay.display, bar.parts[i].window, box.x, box.y,
                           static_cast<unsigned>(box.width), static_cast<unsigned>(box.height));
     }
 }

@@ -3,6 +3,7 @@
 
 #include <X11/Intrinsic.h>
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,24 +26,23 @@ struct StatusBar {
     Widget widget = nullptr;
     Window window = 0;
     std::vector<StatusPart> parts;
-    int stretching = -1;  ///< index of the part that takes the rest of the width
-    std::string help;     ///< shown over all parts instead of their texts while not empty
+    std::string help;  ///< shown over all parts instead of their texts while not empty
 };
 
 /// Height of every status bar in pixels: ascent, descent and 12.
 int isbarHeight();
 
-/// Builds the bar of a window with one part.
-void yystatusbarcreate(int window);
+/// Builds a bar of one part in a window's MainWindow.
+std::unique_ptr<StatusBar> yystatusbarcreate(Widget main_window, int width);
 /// Divides the bar into parts that end at `right_edges`.
-void yysetstatusbar2(int window, const std::vector<int>& right_edges);
-/// Text of a part counted from 1; leading tabs align it.
-void yysetstatustext2(int window, int part, std::string_view text);
+void yysetstatusbar2(StatusBar& bar, const std::vector<int>& right_edges);
+/// Text of a part counted from 1; leading tabs align it. Nothing for a part that isn't there.
+void yysetstatustext2(StatusBar& bar, int part, std::string_view text);
 /// Draws all parts.
-void yystatusbardraw(int window);
+void yystatusbardraw(const StatusBar& bar);
 /// Prompt of a menu item over the whole bar; an empty text brings the parts back.
-void yyStatusBarHelp(int window, std::string_view prompt);
+void yyStatusBarHelp(StatusBar& bar, std::string_view prompt);
 /// The bar got this width.
-void yystatusbarresize(int window, int width);
+void yystatusbarresize(const StatusBar& bar, int width);
 
 }  // namespace tesserakit

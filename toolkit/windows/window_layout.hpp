@@ -1,16 +1,9 @@
 /// Arithmetic of a window's parts. No X here.
 #pragma once
 
-namespace tesserakit {
+#include "toolkit/base/box.hpp"
 
-/// Pixels.
-struct Box {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    friend bool operator==(const Box&, const Box&) = default;
-};
+namespace tesserakit {
 
 /// Sides of toolbars, in the order of the toolbar arguments.
 enum Side : int { TopSide = 0, LeftSide = 1, RightSide = 2, BottomSide = 3 };

@@ -2,17 +2,22 @@
 
 #include "common/fixed_text.hpp"
 
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
+#include "toolkit/base/mailbox.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/base/window_icon.hpp"
-#include "toolkit/messages/messages.hpp"
-#include "toolkit/messages/modal.hpp"
-#include "toolkit/messages/timers.hpp"
 #include "toolkit/widgets/wind.hpp"
-#include "toolkit/windows/bitmaps.hpp"
+#include "toolkit/windows/bitmap_slots.hpp"
 #include "toolkit/windows/drawables.hpp"
+#include "toolkit/windows/event_masks.hpp"
 #include "toolkit/windows/gl_target.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
+#include "toolkit/windows/message_hooks.hpp"
+#include "toolkit/windows/window_layout.hpp"
+#include "toolkit/windows/window_placing.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <X11/IntrinsicP.h>
 #include <X11/Shell.h>
@@ -27,37 +32,7 @@
 
 namespace tesserakit {
 
-std::array<WindowSlot, window_slots>& windows = *new std::array<WindowSlot, window_slots>;
-constinit int wCurrentWindow = -1;
-
 namespace {
-
-constexpr char application_class[] = "Tess";
-
-WindowSlot& slot_of(int window) { return windows[static_cast<std::size_t>(window)]; }
-
-Dimension dimension(int value) { return static_cast<Dimension>(std::clamp(value, 1, 32767)); }
-
-Surroundings surroundings_of(int window) {
-    const WindowSlot& slot = slot_of(window);
-    Surroundings around;
-    around.menu_height = yymnheight(window);
-    around.status_height = slot.status_bar ? isbarHeight() : 0;
-    for (std::size_t side = 0; side < 4; ++side)
-        if (slot.toolbars[side]) around.toolbar[side] = slot.toolbars[side]->thickness;
-    return around;
-}
-
-/// What a window will have around its client area, before it is built.
-Surroundings surroundings_of(const WindowRequest& request) {
-    Surroundings around;
-    around.menu_height = yymnheightof(request.menu);
-    around.status_height = (request.flags & WindowStatusBar) != 0 ? isbarHeight() : 0;
-    for (int side = 0; side < 4; ++side)
-        around.toolbar[side] =
-            yymntbarthickness(side, request.toolbars[static_cast<std::size_t>(side)]);
-    return around;
-}
 
 bool is_owned(int flags) { return (flags & (WindowOwned | WindowInsideParent)) != 0; }
 
@@ -71,7 +46,7 @@ Widget create_shell(const WindowSlot& slot, bool root) {
     WidgetClass kind = owned ? xmDialogShellWidgetClass : topLevelShellWidgetClass;
     if (root) kind = applicationShellWidgetClass;
     const Widget shell =
-        owned ? XtVaCreatePopupShell("Window", kind, slot_of(slot.parent).shell_widget, nullptr)
+        owned ? XtVaCreatePopupShell("Window", kind, window_slot(slot.parent).shell_widget, nullptr)
               : XtVaAppCreateShell(nullptr, application_class, kind, yydisplay.display, nullptr);
     XtVaSetValues(shell, XmNdeleteResponse, XmDO_NOTHING, XmNautoUnmanage, False,
                   XmNmappedWhenManaged, False, XmNallowShellResize, False, nullptr);
@@ -93,8 +68,6 @@ void create_widgets(WindowSlot& slot, int width, int height, bool root) {
     slot.shell = XtWindow(slot.shell_widget);
     slot.window = XtWindow(slot.window_widget);
     slot.client = XtWindow(slot.client_widget);
-    slot.colormap = yydisplay.colormap;
-    slot.depth = yydisplay.depth;
     apply_message_mask(slot.client_widget);
 }
 
@@ -117,10 +90,13 @@ void set_hints(const WindowSlot& slot, int width, int height) {
 }
 
 void build_parts(int window, const WindowRequest& request) {
-    yymncreate(request.menu, window);
+    menu_hooks.create(request.menu, window);
     for (int side = 0; side < 4; ++side)
-        yymntbar(side, request.toolbars[static_cast<std::size_t>(side)], window);
-    if ((request.flags & WindowStatusBar) != 0) yystatusbarcreate(window);
+        menu_hooks.toolbar_create(side, request.toolbars[static_cast<std::size_t>(side)], window);
+    if ((request.flags & WindowStatusBar) != 0) {
+        WindowSlot& slot = window_slot(window);
+        slot.status_bar = yystatusbarcreate(slot.window_widget, slot.width);
+    }
 }
 
 void show(WindowSlot& slot) {
@@ -148,7 +124,7 @@ struct Plan {
 };
 
 void plan_dialog(Plan& plan, int dialog) {
-    const HostedDialog hosted = yyDGhostcheck(dialog);
+    const HostedDialog hosted = dialog_hooks.host_check(dialog);
     plan.status = hosted.status;
     if (hosted.status != 0) return;
     plan.client.width = hosted.width;
@@ -192,7 +168,7 @@ Plan plan_inside(const WindowRequest& request, const WindowSlot& parent) {
 
 /// Builds slot `window`; answers 0 or the dialog's negative status.
 int yycreatewindow(int window, const WindowRequest& request, const Plan& plan, int parent) {
-    WindowSlot& slot = slot_of(window);
+    WindowSlot& slot = window_slot(window);
     slot = {};
     slot.flags = plan.flags;
     slot.parent = parent;
@@ -210,12 +186,12 @@ int yycreatewindow(int window, const WindowRequest& request, const Plan& plan, i
     listen_to_window_manager(slot, window);
     int status = plan.status;
     if (request.dialog != 0 && status == 0) {
-        slot.dialog = yyDGhost(request.dialog, window, slot.window_widget);
+        slot.dialog = dialog_hooks.host(request.dialog, window, slot.window_widget);
         status = std::min(slot.dialog, 0);
         slot.dialog = std::max(slot.dialog, -1);
         if (status == 0) {
             slot.type = WindowType::Dialog;
-            yyDGmakecurrent(slot.dialog);
+            dialog_hooks.make_current(slot.dialog);
         }
     }
     if (slot.dialog < 0) XtManageChild(slot.client_widget);
@@ -245,174 +221,70 @@ int reserved_colours(int asked) { return asked == 32 || asked == 64 || asked == 
 
 /// Why a parent can't hold a window inside its client area, 0 when it can.
 int parent_status(int parent) {
-    if (parent < 0 || parent >= window_slots || !slot_of(parent).open()) return -5;
-    const WindowSlot& slot = slot_of(parent);
+    if (parent < 0 || parent >= window_slots || !window_slot(parent).open()) return -5;
+    const WindowSlot& slot = window_slot(parent);
     if (!slot.visible) return -2;
     if (slot.type == WindowType::Dialog) return -3;
     return slot.type == WindowType::Plain ? 0 : -4;
 }
 
-bool dialog_loaded(int dialog) { return dialog != 0 && yyDGslot(dialog) >= 0; }
+bool dialog_loaded(int dialog) { return dialog != 0 && dialog_hooks.slot(dialog) >= 0; }
 
-void show_error(std::string_view text) { yysetstatustext2(0, 1, text); }
+void show_error(std::string_view text) {
+    if (const auto& bar = window_slot(0).status_bar) yysetstatustext2(*bar, 1, text);
+}
 
 void first_window() {
-    load_message_defaults();
-    TimerEnabled = message_enabled(TimerExpired);
+    message_hooks.open();
     yycolorschemeinit();
     yyResourceImageInit();
-    yyDGInit();
+    dialog_hooks.open();
     error_display = show_error;
-}
-
-Widget nearest_shell(Widget widget) {
-    while (widget && !XtIsShell(widget)) widget = XtParent(widget);
-    return widget;
-}
-
-int slot_of_shell(Widget shell) {
-    const auto found = std::ranges::find(windows, shell, &WindowSlot::shell_widget);
-    return shell && found != windows.end() ? static_cast<int>(found - windows.begin()) : -1;
-}
-
-/// Windows that the toolkit draws without a widget.
-WindowOwner owner_of_drawn(Window window) {
-    for (int i = 0; i < window_slots; ++i) {
-        const WindowSlot& slot = slot_of(i);
-        if (slot.menu && slot.menu->window == window) return {WindowKind::MenuBar, i, {}};
-        if (!slot.status_bar) continue;
-        if (std::ranges::find(slot.status_bar->parts, window, &StatusPart::window) !=
-            slot.status_bar->parts.end())
-            return {WindowKind::StatusBar, i, {}};
-    }
-    return {};
 }
 
 void close_children(int window) {
     for (int i = 1; i < window_slots; ++i)
-        if (slot_of(i).open() && slot_of(i).parent == window && is_owned(slot_of(i).flags))
+        if (window_slot(i).open() && window_slot(i).parent == window &&
+            is_owned(window_slot(i).flags))
             yyclosechild(i);
 }
 
 void destroy_widgets(int window) {
-    WindowSlot& slot = slot_of(window);
+    WindowSlot& slot = window_slot(window);
     gl_forget_window(window);
     if (slot.dialog >= 0) {
         gl_forget_dialog(slot.dialog);
-        yyDGunload(slot.dialog);
+        dialog_hooks.unload(slot.dialog);
     }
-    yymndestroy(window);
-    for (int side = 0; side < 4; ++side) yymntbardestroy(side, window);
+    menu_hooks.destroy(window);
+    for (int side = 0; side < 4; ++side) menu_hooks.toolbar_destroy(side, window);
     XtDestroyWidget(slot.shell_widget);
     slot = {};
 }
 
 void select_root() {
-    wCurrentWindow = slot_of(0).open() ? 0 : -1;
+    wCurrentWindow = window_slot(0).open() ? 0 : -1;
     yygrselectwindow(wCurrentWindow);
 }
 
 void yyshutdown() {
     gl_shutdown();
-    cancel_timers();
     // Dialogs first: their shells hang on the root window's, and end with it.
-    yyDGshutdown();
+    dialog_hooks.shut_down();
     for (WindowSlot& slot : windows) slot.dialog = -1;
     for (int i = window_slots - 1; i >= 0; --i)
-        if (slot_of(i).open()) yyclosechild(i);
+        if (window_slot(i).open()) yyclosechild(i);
     free_bitmaps();
     wCurrentWindow = -1;
     yygrselectnone();
-    clear_mailbox();
+    message_hooks.shut_down();
     error_display = nullptr;
-}
-
-/// With a modal or semi-modal object up only that one may change its size.
-bool may_resize(int window) {
-    if (nModalWindows > 0) return false;
-    return wObjCurType == 0 || (wObjCurType == 1 && wObjCur == window);
-}
-
-void hold_size(const WindowSlot& slot, bool free) {
-    if ((slot.flags & WindowFixedSize) != 0) return;
-    Dimension width = 0;
-    Dimension height = 0;
-    XtVaGetValues(slot.shell_widget, XmNwidth, &width, XmNheight, &height, nullptr);
-    const int none = XtUnspecifiedShellInt;
-    XtVaSetValues(slot.shell_widget, XmNminWidth, free ? none : width, XmNmaxWidth,
-                  free ? none : width, XmNminHeight, free ? none : height, XmNmaxHeight,
-                  free ? none : height, nullptr);
 }
 
 }  // namespace
 
-WindowSlot* open_window(int window, std::string_view routine) {
-    if (window >= 0 && window < window_slots && slot_of(window).open()) return &slot_of(window);
-    yyerror(InvalidWindow, routine, window);
-    return nullptr;
-}
-
-WindowOwner yygetparenthandle(Window window) {
-    const Widget widget = XtWindowToWidget(yydisplay.display, window);
-    if (!widget) return owner_of_drawn(window);
-    WindowOwner owner;
-    owner.window = slot_of_shell(nearest_shell(widget));
-    owner.dialog = yyDGplace(widget);
-    if (owner.dialog.slot >= 0) {
-        owner.kind = WindowKind::Dialog;
-    } else if (owner.window >= 0) {
-        owner.kind =
-            slot_of(owner.window).client_widget == widget ? WindowKind::Client : WindowKind::Frame;
-    }
-    return owner;
-}
-
-bool yywindowresize(int window, int shell_width, int shell_height) {
-    WindowSlot& slot = slot_of(window);
-    yymnresize(window, shell_width);
-    const WindowLayout layout = layout_window(shell_width, shell_height, surroundings_of(window));
-    for (int side = 0; side < 4; ++side) yymntbarresize(side, window, layout.toolbar[side]);
-    const auto place = [](Widget widget, const Box& box) {
-        XtConfigureWidget(widget, static_cast<Position>(box.x), static_cast<Position>(box.y),
-                          dimension(box.width), dimension(box.height), 0);
-    };
-    if (slot.status_bar) {
-        place(slot.status_bar->widget, layout.status);
-        yystatusbarresize(window, layout.status.width);
-    }
-    const Box& client = layout.client;
-    place(slot.client_widget, client);
-    if (slot.dialog >= 0)
-        yyDGhostplace(slot.dialog, client.x, client.y, client.width, client.height);
-    const bool changed = slot.width != client.width || slot.height != client.height;
-    slot.width = client.width;
-    slot.height = client.height;
-    return changed;
-}
-
-void yywindowfit(int window, int client_width, int client_height) {
-    const Surroundings around = surroundings_of(window);
-    const int width = client_width + around.horizontal();
-    const int height = client_height + around.vertical();
-    const WindowSlot& slot = slot_of(window);
-    XtVaSetValues(slot.shell_widget, XmNwidth, dimension(width), XmNheight, dimension(height),
-                  nullptr);
-    yywindowresize(window, width, height);
-}
-
-void yyMSWindowUpdateResize() {
-    for (int i = 0; i < window_slots; ++i)
-        if (slot_of(i).open()) hold_size(slot_of(i), may_resize(i));
-}
-
-int yygetnextfree() {
-    for (int i = 1; i < window_slots; ++i)
-        if (!slot_of(i).open()) return i;
-    return -1;
-}
-
 void yywindowtitle(int window, std::string_view title) {
-    WindowSlot& slot = slot_of(window);
+    WindowSlot& slot = window_slot(window);
     slot.title = without_trailing_blanks(title);
     // Motif puts the application's name in place of an empty title.
     const std::string shown = slot.title.empty() ? " " : slot.title;
@@ -420,19 +292,13 @@ void yywindowtitle(int window, std::string_view title) {
 }
 
 Widget yydialogparent() {
-    const WindowSlot& root = slot_of(0);
+    const WindowSlot& root = window_slot(0);
     return root.open() && root.visible ? root.shell_widget : yydisplay.root_widget;
-}
-
-Widget yyMSReturnCurrentUserWidget() {
-    if (const Widget modal = top_modal_widget()) return modal;
-    if (wCurrentWindow >= 0) return slot_of(wCurrentWindow).shell_widget;
-    return yydisplay.root_widget;
 }
 
 void windowopen2(const WindowRequest& request) {
     winitialise();
-    if (slot_of(0).open()) return;
+    if (window_slot(0).open()) return;
     first_window();
     yydisplay.reserved_colours = reserved_colours(request.colours);
     const int status = yycreatewindow(0, request, plan_on_screen(request), -1);
@@ -442,16 +308,16 @@ void windowopen2(const WindowRequest& request) {
 }
 
 int windowopenchild2(const WindowRequest& request, int parent) {
-    if (!slot_of(0).open()) return -5;
+    if (!window_slot(0).open()) return -5;
     const bool inside = (request.flags & WindowInsideParent) != 0;
     if (inside)
         if (const int status = parent_status(parent); status != 0) return status;
     if (dialog_loaded(request.dialog)) return -5;
     const int window = yygetnextfree();
     if (window < 0) return -1;
-    const Plan plan = inside ? plan_inside(request, slot_of(parent)) : plan_on_screen(request);
+    const Plan plan = inside ? plan_inside(request, window_slot(parent)) : plan_on_screen(request);
     if (plan.status != 0) return plan.status;
-    const bool parent_open = parent >= 0 && parent < window_slots && slot_of(parent).open();
+    const bool parent_open = parent >= 0 && parent < window_slots && window_slot(parent).open();
     const int status = yycreatewindow(window, request, plan, parent_open ? parent : 0);
     if (status != 0) {
         yyclosechild(window);
@@ -464,7 +330,7 @@ int windowopenchild2(const WindowRequest& request, int parent) {
 
 void yyclosechild(int window) {
     close_children(window);
-    yyMSSemiAddRemove(-1, 1, window);
+    message_hooks.window_closes(window);
     const bool selected = drawable.type == DrawableType::Window && drawable.number == window;
     destroy_widgets(window);
     if (wCurrentWindow == window) {
@@ -511,12 +377,14 @@ void windowunitsfrompixels(int x_pixels, int y_pixels, int& x_units, int& y_unit
 }
 
 void windowoutstatusbar(int part, std::string_view text) {
-    if (wCurrentWindow >= 0) yysetstatustext2(wCurrentWindow, part, text);
+    if (wCurrentWindow < 0) return;
+    if (const auto& bar = window_slot(wCurrentWindow).status_bar)
+        yysetstatustext2(*bar, part, text);
 }
 
 int winfowindow(int item) {
     if (wCurrentWindow < 0) return item == 1 ? -1 : 0;
-    const WindowSlot& slot = slot_of(wCurrentWindow);
+    const WindowSlot& slot = window_slot(wCurrentWindow);
     switch (item) {
         case 1:
             return wCurrentWindow;

@@ -1,92 +1,12 @@
-/// The window slots: what each window consists of and what is selected.
-///
-/// A window is a shell with a MainWindow (XmDrawingArea) in it. In the MainWindow stand the menu
-/// bar, up to four toolbars, the status bar and, in what they leave, either the ClientWindow or
-/// the dialog that the window carries. Nothing but yywindowresize places them.
+/// Opening and closing of windows; the slots they stand in are in window_slots.hpp.
 #pragma once
-
-#include "toolkit/menus/menus.hpp"
-#include "toolkit/menus/toolbars.hpp"
-#include "toolkit/tesserakit.hpp"
-#include "toolkit/windows/dialog_hosting.hpp"
-#include "toolkit/windows/status_bar.hpp"
-#include "toolkit/windows/window_layout.hpp"
 
 #include <X11/Intrinsic.h>
 
-#include <array>
-#include <memory>
-#include <string>
+#include <string_view>
 
 namespace tesserakit {
 
-inline constexpr int window_slots = 51;
-
-enum class WindowType { Plain = 0, Editor = 1, BitmapViewer = 2, Dialog = 3, Grid = 4, Split = 5 };
-
-/// One slot; free when `window` is 0.
-struct WindowSlot {
-    Window shell = 0;   ///< wShell
-    Window window = 0;  ///< wWindow: the MainWindow
-    Window client = 0;  ///< wClient: the ClientWindow, also when a dialog covers it
-    Widget shell_widget = nullptr;
-    Widget window_widget = nullptr;
-    Widget client_widget = nullptr;
-    Cursor cursor = 0;  ///< 0: the default
-
-    bool visible = false;
-    WindowType type = WindowType::Plain;
-    SemiModalLink previous;  ///< semi-modal chain
-    int state = 2;           ///< 2 normal
-    int flags = 0;
-    std::string title;
-    Widget label_widget = nullptr;
-    void* extension = nullptr;  ///< record of the window's type, owned by that type's unit
-    bool private_colormap = false;
-    Colormap colormap = 0;
-    Colormap gl_colormap = 0;  ///< glWinCmap
-    int depth = 0;
-    int x = 0;  ///< of the shell's content on the screen, pixels
-    int y = 0;
-    int width = 0;  ///< of the client area, pixels
-    int height = 0;
-    int dialog = -1;  ///< dialog slot shown in the window
-    int parent = -1;  ///< window slot, -1 for the root
-
-    std::unique_ptr<StatusBar> status_bar;             ///< psbarInfo
-    std::unique_ptr<MenuBar> menu;                     ///< pwRootMenuSub
-    std::array<std::unique_ptr<Toolbar>, 4> toolbars;  ///< pwToolbar: top, left, right, bottom
-
-    bool open() const { return window != 0; }
-};
-extern std::array<WindowSlot, window_slots>& windows;
-extern int wCurrentWindow;  ///< what windowselect chose; -1 before the root window
-
-/// The open window of a slot, or null with error 1003 under `routine`.
-WindowSlot* open_window(int window, std::string_view routine);
-
-/// What a screen window is to the toolkit.
-enum class WindowKind { Unknown, Client, Frame, MenuBar, StatusBar, Dialog };
-struct WindowOwner {
-    WindowKind kind = WindowKind::Unknown;
-    int window = -1;     ///< window slot it belongs to, -1 for a dialog with a shell of its own
-    DialogPlace dialog;  ///< slot -1 when it isn't inside a dialog
-};
-/// yygetparenthandle and yygetwindowtype in one look. Frame: shell, MainWindow, toolbars.
-WindowOwner yygetparenthandle(Window window);
-
-/// Places everything inside the MainWindow for a shell of this size in pixels; answers true when
-/// the size of the client area changed.
-bool yywindowresize(int window, int shell_width, int shell_height);
-
-/// Sets the shell to the size that its client area asks for, and its size hints.
-void yywindowfit(int window, int client_width, int client_height);
-
-/// Allows (or, while a modal or semi-modal object is up, forbids) resizing of the windows.
-void yyMSWindowUpdateResize();
-
-/// Lowest free slot from 1, -1 when all are in use.
-int yygetnextfree();
 void yyclosechild(int window);
 
 /// Shows a name in the title bar of a window.
@@ -94,7 +14,5 @@ void yywindowtitle(int window, std::string_view title);
 
 /// The shell that new dialogs hang on: the root window's while it is shown, else the hidden one.
 Widget yydialogparent();
-/// The widget that common dialogs hang on: the top modal one, else the current window's shell.
-Widget yyMSReturnCurrentUserWidget();
 
 }  // namespace tesserakit

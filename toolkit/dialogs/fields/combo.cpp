@@ -1,6 +1,6 @@
 #include "toolkit/dialogs/fields/combo.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/menu.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"

@@ -1,7 +1,7 @@
 #include "toolkit/widgets/grid.hpp"
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/load.hpp"

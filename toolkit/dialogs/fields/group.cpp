@@ -1,4 +1,4 @@
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 

@@ -1,4 +1,5 @@
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/menu.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"

@@ -1,6 +1,6 @@
 #include "toolkit/widgets/progress.hpp"
+#include "toolkit/base/colours.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 

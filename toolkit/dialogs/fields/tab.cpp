@@ -1,7 +1,7 @@
 #include "toolkit/dialogs/fields/tab.hpp"
 
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"

@@ -1,6 +1,7 @@
 #include "toolkit/dialogs/fields/text.hpp"
 
-#include "toolkit/base/start.hpp"
+#include "toolkit/base/colours.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/create.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/validity.hpp"

@@ -1,7 +1,7 @@
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/base/picture_scale.hpp"
-#include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/widgets/border.hpp"
 

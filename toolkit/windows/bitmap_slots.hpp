@@ -19,6 +19,8 @@ extern std::array<BitmapSlot, bitmap_slots> bitmaps;
 
 /// The bitmap of a handle, null for a handle outside 1 to 20 or an empty slot.
 BitmapSlot* bitmap_of(int handle);
+/// Frees the pixmap and the slot.
+void free_bitmap(BitmapSlot& bitmap);
 void free_bitmaps();
 
 }  // namespace tesserakit

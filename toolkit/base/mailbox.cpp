@@ -1,4 +1,4 @@
-#include "toolkit/messages/mailbox.hpp"
+#include "toolkit/base/mailbox.hpp"
 
 #include <cstddef>
 #include <utility>

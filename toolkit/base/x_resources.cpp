@@ -1,0 +1,59 @@
+#include "toolkit/base/x_resources.hpp"
+
+#include "toolkit/base/display.hpp"
+
+#include <X11/StringDefs.h>
+
+#include <array>
+#include <cstddef>
+
+namespace tesserakit {
+
+namespace {
+
+String text(const char* name) { return const_cast<String>(name); }
+
+XtResource font_resource(const char* name, std::size_t offset, const char* standard) {
+    return {text(name),
+            text("DialogFont"),
+            text(XtRString),
+            sizeof(String),
+            static_cast<Cardinal>(offset),
+            text(XtRString),
+            text(standard)};
+}
+
+XtResource colour_resource(const char* name, const char* kind, std::size_t offset,
+                           const char* standard) {
+    return {text(name),
+            text(kind),
+            text(XtRPixel),
+            sizeof(Pixel),
+            static_cast<Cardinal>(offset),
+            text(XtRString),
+            text(standard)};
+}
+
+}  // namespace
+
+ResourceValues resource_values() {
+    using Values = ResourceValues;
+    std::array rows{
+        font_resource("dialogFont", offsetof(Values, dialog_font), "Sans-10"),
+        font_resource("symbolFont", offsetof(Values, symbol_font), "Sans-10"),
+        font_resource("menuFont", offsetof(Values, menu_font), "Sans-10"),
+        font_resource("statusFont", offsetof(Values, status_font), "Sans-10"),
+        font_resource("fixedFont", offsetof(Values, fixed_font), "Monospace-10"),
+        colour_resource("background", "Background", offsetof(Values, background), "#dcdad5"),
+        colour_resource("foreground", "Foreground", offsetof(Values, foreground), "black"),
+        colour_resource("fieldBackground", "FieldBackground", offsetof(Values, field), "white"),
+        colour_resource("tooltipBackground", "TooltipBackground", offsetof(Values, tooltip),
+                        "#ffffe1"),
+    };
+    ResourceValues values{};
+    XtGetApplicationResources(yydisplay.root_widget, &values, rows.data(),
+                              static_cast<Cardinal>(rows.size()), nullptr, 0);
+    return values;
+}
+
+}  // namespace tesserakit

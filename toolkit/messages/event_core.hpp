@@ -1,0 +1,23 @@
+/// The translation of X events into messages.
+#pragma once
+
+#include <X11/Intrinsic.h>
+
+namespace tesserakit {
+
+extern bool bPointerGrabbed;  ///< a button is held
+
+/// Modifier bits of a message from the state word of an X event.
+int yymousemodifiers(unsigned state);
+
+/// Queues removed: further exposures of the event's window, with `event` widened to their clip box
+/// (accumulating); or all but the last ConfigureNotify, which replaces `event`.
+void yyclearevents(XExposeEvent& event);
+void yyclearevents(XConfigureEvent& event);
+
+/// The translation by X event type (event_core.cpp): fills wXtMesg and answers the type, 0 for
+/// none. The first handles windows, menus and keys; the second user-drawn dialog fields.
+int yyMSInterpretMessageCore(XEvent& event);
+int yyDGInterpretToolkit(XEvent& event);
+
+}  // namespace tesserakit

@@ -1,0 +1,12 @@
+/// Loops of a modal dialog or common dialog.
+#pragma once
+
+#include <X11/Intrinsic.h>
+
+namespace tesserakit {
+
+/// Runs a loop of its own for `widget` (a dialog's or common dialog's) until bModalMessageLoop is
+/// cleared. `index` is its dialog slot, -1 for a common dialog. Messages meanwhile are dropped.
+void yyMSModalMessageLoop(Widget widget, int index);
+
+}  // namespace tesserakit

@@ -1,0 +1,53 @@
+/// What windows and messages ask of menus and toolbars, which stand above them: a record of
+/// functions that the menus fill at the start (toolkit/winitialise.cpp). Until then no window has
+/// any.
+#pragma once
+
+#include "toolkit/base/box.hpp"
+
+#include <X11/Intrinsic.h>
+
+namespace tesserakit {
+
+struct MenuHooks {
+    /// Height of the bar of a menu that is about to be built; 0 for none, or one that isn't in the
+    /// resource.
+    int (*height_of)(int menu) = [](int) { return 0; };
+    /// Builds the bar of `menu` for a window, at the top of its MainWindow. Without such a menu in
+    /// the resource: error 1002, and no bar.
+    void (*create)(int menu, int window) = [](int, int) {};
+    void (*destroy)(int window) = [](int) {};
+    /// Gives the bar its width; answers the height that it takes.
+    int (*resize)(int window, int width) = [](int, int) { return 0; };
+    /// Height that the bar of a window takes, 0 without one.
+    int (*height)(int window) = [](int) { return 0; };
+    void (*draw)(int window) = [](int) {};
+    /// The window slot whose bar is drawn in an X window, -1 for none.
+    int (*window_of_bar)(Window window) = [](Window) { return -1; };
+
+    /// A menu is pulled down, and has all input; closes it.
+    bool (*active)() = [] { return false; };
+    void (*deactivate)() = [] {};
+    /// A mnemonic's item, and an accelerator's; 0 for a key that is none's.
+    int (*interpret_key)(KeySym key, int window, unsigned state) = [](KeySym, int, unsigned) {
+        return 0;
+    };
+    int (*interpret_accelerator)(KeySym key, int window,
+                                 unsigned state) = [](KeySym, int, unsigned) { return 0; };
+    /// A press in or out of the menu; true when it was the menu's.
+    bool (*interpret_button)(const XButtonEvent& event, int window) = [](const XButtonEvent&, int) {
+        return false;
+    };
+
+    /// Thickness of a toolbar that is about to be built on a side, in pixels; 0 when the resource
+    /// has none of that identifier.
+    int (*toolbar_thickness_of)(int side, int toolbar) = [](int, int) { return 0; };
+    void (*toolbar_create)(int side, int toolbar, int window) = [](int, int, int) {};
+    void (*toolbar_resize)(int side, int window, const Box& box) = [](int, int, const Box&) {};
+    void (*toolbar_destroy)(int side, int window) = [](int, int) {};
+    /// Thickness of a window's toolbar, 0 without one.
+    int (*toolbar_thickness)(int side, int window) = [](int, int) { return 0; };
+};
+extern MenuHooks menu_hooks;
+
+}  // namespace tesserakit
