@@ -35,13 +35,19 @@ struct NumberReader {
     float value = 0.0f;
     bool slash = false;
     bool point = false;
-    float place = 1.0f;  ///< weight of the last decimal read
+    float place = 1.0f;     ///< weight of the last decimal read
+    bool dividing = false;  ///< among the digits that stand together behind a slash
+    float dividend = 0.0f;
+    float divisor = 0.0f;
 
     void digit(int d) {
         const auto real = static_cast<float>(d);
         if (slash) {
             // Stays on to the end of the row: "1/2+1/4" divides 1 by 2, by 1 and by 4.
-            value /= real;
+            dividend = dividing ? dividend : value;
+            divisor = dividing ? divisor * 10.0f + real : real;
+            dividing = true;
+            value = dividend / divisor;
         } else if (point) {
             place *= 10.0f;
             value += real / place;
@@ -49,6 +55,8 @@ struct NumberReader {
             value = value * 10.0f + real;
         }
     }
+    /// Digits behind another character are a divisor of their own.
+    void end_of_digits() { dividing = false; }
 };
 
 /// What one pass over a row gave.
@@ -74,6 +82,7 @@ RowEnd read_row(std::string_view text, std::size_t begin, Vector3i& row, float& 
             break;
         }
         end.blank = false;
+        if (!is_digit(c)) number.end_of_digits();
         if (const auto column = column_of(c, 'x')) {
             row[*column] = multiplier * sign;
             multiplier = sign = 1;

@@ -68,7 +68,7 @@ void set_err_symm(std::string_view message);
 /// Reads a coordinate triplet from the 1-based position `start` on: letters in either case,
 /// blanks anywhere, one-digit coefficients ("2x"), a translation as fraction or decimal before or
 /// behind the letters, rows ended by "," or "*". A letter named twice counts as last named; after
-/// a "/" every later digit of the row divides; a last row that isn't there repeats the one
+/// a "/" every later number of the row divides ("1/2+1/4" is 1/8); a last row that isn't there repeats the one
 /// before. Fails on a blank row, a foreign character, or a determinant of 0 (2 passes). `rot` and
 /// `*tr` are cleared first; `tr` may be null.
 void read_xsym(std::string_view text, int start, Matrix3i& rot, Vector3f* tr = nullptr);

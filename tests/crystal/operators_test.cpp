@@ -72,8 +72,7 @@ TEST(ReadXsym, FailuresAreToldToTheLetter) {
 
 // Kept as they are: files rely on what they have always been read as.
 TEST(ReadXsym, OddRowsKeepTheirReading) {
-    EXPECT_EQ(read("x+1/2+1/4,y,z").tr[0], 0.125f);  // each digit behind a slash divides
-    EXPECT_EQ(read("x+1/12,y,z").tr[0], 0.5f);       // so 1/12 is 1, by 1, by 2
+    EXPECT_EQ(read("x+1/2+1/4,y,z").tr[0], 0.125f);  // each number behind a slash divides
     EXPECT_EQ(read("x+y+x,y,z").rot[0], (Vector3i{1, 1, 0}));
     EXPECT_EQ(read("x-x,y,z").rot[0], (Vector3i{-1, 0, 0}));  // the later mention counts
     EXPECT_EQ(read("1/2-2x,y,z").tr[0], -0.5f);               // a coefficient's sign counts too
@@ -155,6 +154,18 @@ TEST(GetSymsymb, PrintsTripletsWithoutBlanks) {
     EXPECT_EQ(printed({unit, {none, 1e30f, -1e30f}}).substr(0, 2), "x*");
 }
 
+TEST(GetSymsymb, EveryFractionReadsBack) {
+    for (int denominator = 2; denominator <= 24; ++denominator)
+        for (int numerator = 1; numerator < denominator; ++numerator) {
+            const float value = static_cast<float>(numerator) / static_cast<float>(denominator);
+            const std::string text = printed({unit, {value, -value, 0.0f}});
+            const Sym_Oper_Type op = read(text);
+            EXPECT_FLOAT_EQ(op.tr[0], value) << text;
+            EXPECT_FLOAT_EQ(op.tr[1], -value) << text;
+        }
+    EXPECT_EQ(read("5/12-x,y,z + 1/1 2").tr, (Vector3f{5.0f / 12.0f, 0.0f, 1.0f / 12.0f}));
+    EXPECT_EQ(read("x+1/10,1/05+y,11/24-z").tr, (Vector3f{0.1f, 0.2f, 11.0f / 24.0f}));
+}
 TEST(GetSymsymb, PrintsFractionalCoefficients) {
     const Matrix3f halves{{{{0.5f, -0.75f, 0.0f}, {2.0f, 1.0f, 0.0f}, {0.0f, 0.0f, -1.0f}}}};
     EXPECT_EQ(printed(halves, {0.0f, 0.25f, 2.0f / 3.0f}), "x/2-3y/4,2x+y+1/4,-z+2/3");
