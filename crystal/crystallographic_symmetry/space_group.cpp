@@ -136,6 +136,10 @@ void take_hall_road(Choice& choice) {
     choice.key = choice.setting()->hall.field();
 }
 
+bool tells_no_operators(int row) {
+    return std::ranges::find(rows_by_hall, row) != rows_by_hall.end();
+}
+
 /// The number that stands alone in the key; absent for anything else.
 std::optional<int> lone_number(std::string_view key) {
     std::array<float, 20> reals;
@@ -159,8 +163,7 @@ bool choose_freely(const SpacegroupOptions& options, Choice& choice) {
     choice.row = find_hm_row(choice.key.field());
     if (choice.row > 0) {
         choice.mode = "HMS";
-        if (options.force_hall || std::ranges::find(rows_by_hall, choice.row) != rows_by_hall.end())
-            take_hall_road(choice);
+        if (options.force_hall || tells_no_operators(choice.row)) take_hall_road(choice);
         return true;
     }
     choice.row = find_hall_row(choice.key.field());
@@ -172,7 +175,10 @@ bool choose_freely(const SpacegroupOptions& options, Choice& choice) {
 void choose_by_mode(std::string_view mode, Choice& choice) {
     choice.mode = raised_field<3>(mode);
     const std::string_view key = choice.key.field();
-    if (choice.mode == FixedText<3>("HMS")) choice.row = find_hm_row(key);
+    if (choice.mode == FixedText<3>("HMS")) {
+        choice.row = find_hm_row(key);
+        if (tells_no_operators(choice.row)) return take_hall_road(choice);
+    }
     if (choice.mode == FixedText<3>("HAL")) choice.row = find_hall_row(key);
     if (choice.mode == FixedText<3>("ITC")) {
         int number = 0;

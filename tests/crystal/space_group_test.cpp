@@ -134,6 +134,8 @@ TEST(EveryRow, IsFoundByEitherSymbolAndAgreesWithTheLettersOfIt) {
         EXPECT_EQ(by_symbol.num_spg, first->n);
         const Space_Group_Type by_hall = built(first->hall.field(), {.mode = "HAL"});
         EXPECT_EQ(operator_set(by_symbol), operator_set(by_hall));
+        const Space_Group_Type as_symbol = built(row.hm.field(), {.mode = "HMS"});
+        EXPECT_EQ(operator_set(as_symbol), operator_set(by_hall));
         EXPECT_EQ(by_symbol.hexa, by_hall.hexa);
         EXPECT_EQ(by_symbol.crystal_sys, by_hall.crystal_sys);
     }
