@@ -8,6 +8,7 @@
 #include <cmath>
 #include <optional>
 #include <ostream>
+#include <span>
 
 namespace propagation_vectors {
 namespace {
@@ -62,18 +63,13 @@ Vector3f transformed(const Vector3f& h, const Sym_Oper_Type& op) {
     return result;
 }
 
-/// A record whose list holds the whole group can count more operators than it has room for.
-int operators_in_use(const Space_Group_Type& group) {
+/// Without the centring. A record whose list holds the whole group counts its inversions twice, and
+/// has no operator behind the last.
+std::span<const Sym_Oper_Type> operators_in_use(const Space_Group_Type& group) {
     const int count = group.centred == 1 ? group.num_ops : 2 * group.num_ops;
-    return std::clamp(count, 0, static_cast<int>(max_operators));
-}
-
-bool equivalent_to_negative(const Vector3f& k, const Space_Group_Type& group) {
-    const std::string_view lattice = group.lat_type.field();
-    if (group.centred == 1) return k_equiv(k, -k, lattice);
-    const std::size_t first_inverted = static_cast<std::size_t>(std::max(group.num_ops, 0));
-    return first_inverted < max_operators &&
-           k_equiv(transformed(k, group.sym_op[first_inverted]), k, lattice);
+    const int filled = std::min(group.multip, static_cast<int>(max_operators));
+    return std::span(group.sym_op)
+        .first(static_cast<std::size_t>(std::clamp(count, 0, std::max(filled, 0))));
 }
 
 void join_arm(std::array<int, max_arms>& operators, int number) {
@@ -132,11 +128,11 @@ void k_star(const Vector3f& k, const Space_Group_Type& group, Group_k_Type& grou
     group_k.nk = 1;
     group_k.stark[0] = k;
     group_k.co[0][0] = 1;
-    group_k.k_equiv_minusk = equivalent_to_negative(k, group);
-    const int count = operators_in_use(group);
-    for (int number = 2; number <= count; ++number)
-        add_operator(transformed(k, group.sym_op[static_cast<std::size_t>(number - 1)]), number,
-                     group_k);
+    // With an inversion in the group too: it takes k to -k, and what is left to ask is the lattice.
+    group_k.k_equiv_minusk = k_equiv(k, -k, group.lat_type.field());
+    const std::span<const Sym_Oper_Type> operators = operators_in_use(group);
+    for (std::size_t i = 1; i < operators.size(); ++i)
+        add_operator(transformed(k, operators[i]), static_cast<int>(i) + 1, group_k);
 }
 
 void write_group_k(const Group_k_Type& group_k, std::ostream& out) {

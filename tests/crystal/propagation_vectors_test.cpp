@@ -7,6 +7,7 @@
 #include <memory>
 #include <numeric>
 #include <sstream>
+#include <vector>
 
 namespace {
 using namespace propagation_vectors;
@@ -100,6 +101,23 @@ TEST(KStar, SplitsThePointGroupIntoLittleGroupTimesArms) {
             for (const int number : group_k->co[arm]) used += number != 0;
         EXPECT_EQ(used, c.point_group);  // each operator leads to one arm
     }
+}
+
+TEST(KStar, AListTakenAsItStandsEndsWithItsLastOperator) {
+    const std::vector<FixedText<80>> ops{"x,y,z", "-x,-y,-z", "-x,y+1/2,-z", "x,-y+1/2,z"};
+    const auto group = std::make_unique<Space_Group_Type>();
+    set_spacegroup("", *group, {.gen = ops, .ngen = 4, .mode = "FIX"});
+    ASSERT_FALSE(err_symm);
+    auto group_k = std::make_unique<Group_k_Type>();
+    k_star({0.1f, 0.2f, 0.3f}, *group, *group_k);
+    EXPECT_EQ(group_k->nk, 4);
+    EXPECT_FALSE(group_k->k_equiv_minusk);
+    k_star({0.1f, 0, 0.3f}, *group, *group_k);
+    EXPECT_EQ(group_k->nk, 2);
+    EXPECT_EQ(group_k->ngk, 2);
+    k_star({0.5f, 0, 0}, *group, *group_k);
+    EXPECT_EQ(group_k->ngk, 4);
+    EXPECT_TRUE(group_k->k_equiv_minusk);
 }
 
 TEST(HkEquiv, UsesTheLittleGroupAndFriedelsLawOnRequest) {
