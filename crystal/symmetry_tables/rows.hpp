@@ -34,13 +34,14 @@ struct WyckoffRow {
 /// separated by semicolons: centring translations first (one for R, two for F), inversion last.
 using ItGeneratorRow = FixedText<120>;
 
-/// Coordinate transformations, as triplets, from the conventional setting to those of other tables.
+/// Coordinate transformations, as triplets, from the conventional setting to those of other
+/// tables; blank where not known.
 struct SystemEquivRow {
-    FixedText<6> sc;             ///< Schoenflies: letter, number of the group, "_", subscript
-    FixedText<17> ml = "x,y,z";  ///< Miller and Love
-    FixedText<18> ko = "x,y,z";  ///< Kovalev
-    FixedText<32> bc = "x,y,z";  ///< Bradley and Cracknell
-    FixedText<18> za = "x,y,z";  ///< Zak
+    FixedText<6> sc;     ///< Schoenflies: letter, number of the group, "_", subscript
+    FixedText<17> ml{};  ///< Miller and Love
+    FixedText<18> ko{};  ///< Kovalev
+    FixedText<32> bc{};  ///< Bradley and Cracknell
+    FixedText<18> za{};  ///< Zak
 };
 
 /// The whole tables; they need no filling and live as long as the program.

@@ -9,9 +9,8 @@ namespace {
 // and Cracknell, and Zak, by group number. Source of the symbols: International Tables for
 // Crystallography, Volume A.
 //
-// The transformations are known for C3_2 only. Every other row has the identity in all four
-// columns, which stands for "not known here" and is no statement about those tables. A row that
-// becomes known is completed as {"C3_2", ml, ko, bc, za}.
+// The transformations are known for C3_2 only; every other row is blank in these four columns. A
+// row that becomes known is completed as {"C3_2", ml, ko, bc, za}.
 // clang-format off
 constexpr SystemEquivRow rows[] = {
     {"C1_1"},

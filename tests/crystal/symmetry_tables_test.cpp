@@ -201,6 +201,11 @@ TEST(SystemEquiv, SchoenfliesNumbersCountEachTypeInOrder) {
     EXPECT_EQ(c2.ko.trimmed(), "-z,x,-y");
     EXPECT_EQ(c2.bc.trimmed(), "z,-x+y,-x-y");
     EXPECT_EQ(c2.za.trimmed(), "-x,z,y");
+    // What isn't known is blank, and no statement about the axes of those tables.
+    for (const SystemEquivRow& row : system_equiv_rows())
+        if (row.sc != c2.sc) {
+            EXPECT_TRUE(row.ml.blank() && row.ko.blank() && row.bc.blank() && row.za.blank());
+        }
 }
 
 TEST(Lists, AreEmptyWhenRemovedAndFilledAgainByEachCall) {
