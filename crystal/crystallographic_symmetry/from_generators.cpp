@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace crystallographic_symmetry {
 namespace {
@@ -87,15 +88,25 @@ struct Centring {
     }
 };
 
+/// All sums of the vectors, as far as there is room.
+void complete(CentringList& vectors) {
+    vectors.resize(get_centring_vectors(vectors.all().size(), vectors.room()));
+    for (std::size_t i = 0; i < vectors.all().size(); ++i)
+        for (std::size_t j = 0; j <= i; ++j) {
+            const Vector3f sum = math_gen::modulo_lat(vectors.all()[i] + vectors.all()[j]);
+            if (distance_to_cells(sum) >= eps_vector && !is_listed(sum, vectors.all()))
+                vectors.push(sum);
+        }
+}
+
 /// Tells the module and the list of the lattice; the vectors of Z are completed. False with the
 /// error set.
-bool set_lattice(Centring& centring, ReducedList& list) {
+bool set_lattice(const Centring& centring, ReducedList& list) {
     list.lattice_index = centring.lattice_index();
     const char letter = lattice_letters[static_cast<std::size_t>(list.lattice_index - 1)];
-    if (letter == 'Z')
-        centring.vectors.resize(
-            get_centring_vectors(centring.vectors.all().size(), centring.vectors.room()));
-    if (latsym({&letter, 1}, centring.vectors.all()) != 0) return true;
+    CentringList vectors = centring.vectors;
+    if (letter == 'Z') complete(vectors);
+    if (latsym({&letter, 1}, vectors.all()) != 0) return true;
     set_err_symm(" Lattice Type couldn't be determined");
     return false;
 }
@@ -127,26 +138,63 @@ OperatorList distinct(std::span<const Sym_Oper_Type> generators) {
     return result;
 }
 
-/// The inversion among the first `size` operators of the table; size when there is none.
-std::size_t find_inversion(const GroupTable& table) {
-    for (std::size_t i = 0; i < table.size(); ++i)
-        if (table.rotation(i) == inversion_rotation) return i;
-    return table.size();
+/// A vector of the lattice that a rotation takes to one that the module doesn't know; absent when
+/// there is none.
+std::optional<Vector3f> turned_vector(const GroupTable& table) {
+    const std::span known = std::span(lat_trans).first(static_cast<std::size_t>(num_lat));
+    for (const Vector3f& v : known.subspan(1))
+        for (std::size_t i = 1; i < table.size(); ++i) {
+            const Vector3f turned = applyso({table.rotation(i), {}}, v);
+            if (!is_listed(turned, known)) return turned;
+        }
+    return std::nullopt;
 }
 
-bool close_group(std::span<const Sym_Oper_Type> generators, std::span<const Vector3i> centring,
-                 ReducedList& list) {
-    GroupTable table(centring);
-    for (const Sym_Oper_Type& op : generators)
+/// What is known of a group on the way from its generators: pure translations and inversions are
+/// told apart, the rest is closed to a table.
+struct Knowledge {
+    Centring centring;
+    std::optional<Vector3f> inversion;  ///< its translation
+    OperatorList others;
+
+    explicit Knowledge(std::span<const Sym_Oper_Type> generators) {
+        for (const Sym_Oper_Type& op : generators) {
+            if (op.rot == identity_rotation)
+                centring.add(op.tr);
+            else if (op.rot == inversion_rotation)
+                add_inversion(op.tr);
+            else
+                others.push(op);
+        }
+    }
+
+    /// Two of them make a translation. One at the origin is preferred, or else the last.
+    void add_inversion(const Vector3f& tr) {
+        if (inversion && twelfths(tr - *inversion) != Vector3i{}) centring.add(tr - *inversion);
+        if (!inversion || twelfths(*inversion) != Vector3i{}) inversion = tr;
+    }
+
+    /// Takes up what closing the table came upon. False when that was nothing new.
+    bool learn(const GroupTable& table) {
+        const GroupTable::Discovery& discovery = table.discovery();
+        if (discovery.inversion) {
+            inversion = cell_fractions(*discovery.inversion);
+            return true;
+        }
+        std::optional<Vector3f> vector = turned_vector(table);
+        if (discovery.vector) vector = cell_fractions(*discovery.vector);
+        if (vector) centring.add(*vector);
+        return vector.has_value();
+    }
+};
+
+/// One round: the lattice, the inversion and the table from what is known. False with the error
+/// set.
+bool close_group(const Knowledge& known, ReducedList& list, GroupTable& table) {
+    for (const Sym_Oper_Type& op : known.others.all())
         if (!table.add(op.rot, twelfths(op.tr))) return false;
     if (!table.close()) return false;
-    std::size_t count = table.size();
-    const std::size_t inversion = find_inversion(table);
-    if (inversion < table.size()) {
-        count /= 2;
-        if (list.centred == 1) note_inversion(cell_fractions(table.translation(inversion)), list);
-    }
-    table.copy_to(list, count);
+    table.copy_to(list, table.size());
     return true;
 }
 
@@ -195,26 +243,31 @@ std::size_t get_centring_vectors(std::size_t count, std::span<Vector3f> vectors)
 
 ReducedList get_so_from_gener(std::span<const Sym_Oper_Type> generators) {
     init_err_symm();
-    ReducedList list;
-    Centring centring;
-    OperatorList others;
-    const OperatorList given = distinct(generators);
-    for (const Sym_Oper_Type& op : given.all()) {
-        if (op.rot == identity_rotation)
-            centring.add(op.tr);
-        else if (op.rot == inversion_rotation)
-            note_inversion(op.tr, list);
-        else
-            others.push(op);
+    Knowledge known(distinct(generators).all());
+    for (std::size_t rounds = 0;;) {
+        ReducedList list;
+        list.generator_count = static_cast<int>(known.others.all().size());
+        if (known.inversion) note_inversion(*known.inversion, list);
+        if (!set_lattice(known.centring, list)) return list;
+        const auto points = static_cast<std::size_t>(num_lat);
+        ShortList<Vector3i, max_lattice_points - 1> vectors;
+        for (const Vector3f& v : std::span(lat_trans).first(points).subspan(1))
+            vectors.push(twelfths(v));
+        std::optional<Vector3i> inversion;
+        if (known.inversion) inversion = twelfths(*known.inversion);
+        GroupTable table(vectors.all(), inversion);
+        if (!close_group(known, list, table)) return list;
+        if (!known.learn(table)) {
+            set_system(std::span(list.ops).first(static_cast<std::size_t>(list.count)), list);
+            return list;
+        }
+        // Each round that learns something has its first inversion, or at least twice the lattice
+        // points of the last.
+        if (++rounds > max_lattice_points || points == max_lattice_points) {
+            set_err_symm(" Lattice Type couldn't be determined");
+            return {};
+        }
     }
-    if (!set_lattice(centring, list)) return list;
-    ShortList<Vector3i, max_lattice_points - 1> vectors;
-    for (const Vector3f& v : std::span(lat_trans).subspan(1, static_cast<std::size_t>(num_lat - 1)))
-        vectors.push(twelfths(v));
-    list.generator_count = static_cast<int>(others.all().size());
-    if (!close_group(others.all(), vectors.all(), list)) return list;
-    set_system(std::span(list.ops).first(static_cast<std::size_t>(list.count)), list);
-    return list;
 }
 
 ReducedList get_so_from_fix(std::span<const Sym_Oper_Type> ops) {

@@ -13,12 +13,14 @@
 
 namespace crystallographic_symmetry {
 
-/// Closes the generators to the reduced list of their group. Zero rotations, the identity and
-/// repetitions count as not given. Where the closure comes upon an inversion that was no
-/// generator, the first half of the list is kept as it stands.
+/// Closes the generators to the reduced list of their group, whether they are a few of its
+/// operators or all of them, in whatever order. Zero rotations, the identity and repetitions count
+/// as not given. Centring vectors and an inversion that follow from the others are found; of a
+/// rotation and its negative in a group with an inversion, the list has the one that comes up
+/// first. Of several inversions the one at the origin is told, or else the last.
 ///
-/// On failure err_symm is set and the list has no operators: more than 24 of them, or
-/// coefficients that no group has.
+/// On failure err_symm is set and the list has no operators: more than 24 of them, coefficients
+/// that no group has, or more lattice points than the record holds found by closing.
 ReducedList get_so_from_gener(std::span<const Sym_Oper_Type> generators);
 
 /// Analyses a complete list, centring and inversion included, without changing it. `count` is its

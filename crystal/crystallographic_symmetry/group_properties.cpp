@@ -90,12 +90,13 @@ struct ClassCounts {
 
 /// Row of the first operator of this order among the tabulated rotations, counted on behind the
 /// last row for the inverted ones: 13 to 24 for the hexagonal rows 25 to 36, 25 to 48 for rows 1
-/// to 24.
+/// to 24. 0 for a rotation in other directions (mm2 on hexagonal axes), which is no error.
 int row_of_first(const ClassCounts& counts, int order, int first_row, int last_row) {
     const auto op = std::ranges::find_if(
         counts.ops, [&](const Sym_Oper_Type& o) { return axes_rotation(o.rot) == order; });
     if (op == counts.ops.end()) return 0;
     const int row = searchop(op->rot, first_row, last_row);
+    if (row == 0) init_err_symm();
     if (row >= 0) return row;
     return first_row == 25 ? -12 - row : 24 - row;
 }
@@ -264,7 +265,7 @@ void get_laue_pg(const Space_Group_Type& group, FixedText<5>& laue, FixedText<5>
     ClassCounts counts{std::span(group.sym_op).first(count), {}, group.centred == 1, group.hexa};
     if (!counts.n.count(counts.ops)) return set_err_symm(" Rotation Not Determined");
     const ClassNames names = class_of(counts);
-    if (err_symm || names.pg.empty()) return;
+    if (names.pg.empty()) return;
     pg = names.pg;
     laue = names.laue;
 }

@@ -72,6 +72,11 @@ constexpr bool same(const Vector3i& a, const Vector3i& b) {
     return ((a[0] ^ b[0]) | (a[1] ^ b[1]) | (a[2] ^ b[2])) == 0;
 }
 
+/// The negative rotation, packed.
+constexpr PackedRows negated(const PackedRows& rows) {
+    return {-rows[0] & rotation_bits, -rows[1] & rotation_bits, -rows[2] & rotation_bits};
+}
+
 constexpr bool is_zero(const Vector3i& tr) { return (tr[0] | tr[1] | tr[2]) == 0; }
 
 /// The first slot to look at.
@@ -128,6 +133,12 @@ GroupTable::GroupTable(std::span<const Vector3i> centring) : centring_(centring)
     append(packed(identity_rotation, {}), {});
 }
 
+GroupTable::GroupTable(std::span<const Vector3i> centring, std::optional<Vector3i> inversion)
+    : GroupTable(centring) {
+    of_generators_ = true;
+    inversion_ = inversion;
+}
+
 GroupTable::Operator GroupTable::packed(const Matrix3i& rot, const Vector3i& tr) {
     Operator one;
     for (std::size_t i = 0; i < 3; ++i) one.rotation[i] = packed_row(rot[i], 0) & rotation_bits;
@@ -173,11 +184,33 @@ bool GroupTable::is_lattice_vector(const Vector3i& tr) const {
            std::ranges::any_of(centring_, [&](const Vector3i& v) { return same(v, tr); });
 }
 
-bool GroupTable::has(const Operator& one) const {
-    return any_with_rotation(one.rotation, [&](const Entry& known) {
-        return same(known.tr, one.tr) || is_lattice_vector(folded_products(one.tr - known.tr)) ||
-               is_lattice_vector(folded_products(one.tr + known.tr));
+std::optional<Vector3i> GroupTable::distance(const Operator& one, Discovery& discovery) const {
+    std::optional<Vector3i> result;
+    any_with_rotation(one.rotation, [&](const Entry& known) {
+        result = folded_products(one.tr - known.tr);
+        return true;
     });
+    if (result) return result;
+    // The product of the two is an inversion, with the sum as its translation.
+    any_with_rotation(negated(one.rotation), [&](const Entry& known) {
+        const Vector3i sum = folded_products(one.tr + known.tr);
+        if (!inversion_) discovery.inversion = sum;
+        result = inversion_ ? folded_products(sum - *inversion_) : Vector3i{};
+        return true;
+    });
+    return result;
+}
+
+bool GroupTable::has(const Operator& one) {
+    if (!of_generators_)
+        return any_with_rotation(one.rotation, [&](const Entry& known) {
+            return same(known.tr, one.tr) ||
+                   is_lattice_vector(folded_products(one.tr - known.tr)) ||
+                   is_lattice_vector(folded_products(one.tr + known.tr));
+        });
+    const std::optional<Vector3i> vector = distance(one, discovery_);
+    if (vector && !is_lattice_vector(*vector)) discovery_.vector = vector;
+    return vector.has_value();
 }
 
 /// Less the first centring vector that fits into it, whole: a component taken modulo that of the
@@ -212,6 +245,11 @@ bool GroupTable::add(const Matrix3i& rot, const Vector3i& tr) {
     return has(one) || append(one, " Dimension of Table exceeded (I)");
 }
 
+bool GroupTable::has_power(const Operator& one) {
+    if (of_generators_) return has(one);
+    return any_with_rotation(one.rotation, [](const Entry&) { return true; });
+}
+
 bool GroupTable::add_powers(std::size_t k) {
     const Entry generator = entries_[k];
     const int kind = axes_rotation(generator.rot);
@@ -221,7 +259,7 @@ bool GroupTable::add_powers(std::size_t k) {
     for (int n = 2; n < order; ++n) {
         Operator one = product(generator, power);
         unpack(one, power);
-        if (any_with_rotation(one.rotation, [](const Entry&) { return true; })) continue;
+        if (has_power(one)) continue;
         one.tr = reduced(one.tr);
         // A power without a translation is left to the products, unless it leaves the bounds.
         if (is_zero(one.tr) && in_bounds(power.rot)) continue;
@@ -231,6 +269,11 @@ bool GroupTable::add_powers(std::size_t k) {
 }
 
 bool GroupTable::holds(const Operator& one) const {
+    if (of_generators_) {
+        Discovery nothing;
+        const std::optional<Vector3i> vector = distance(one, nothing);
+        return vector && is_lattice_vector(*vector) && !nothing.inversion;
+    }
     return any_with_rotation(one.rotation, [&](const Entry& known) {
         return is_lattice_vector(folded_products(one.tr - known.tr));
     });
@@ -243,7 +286,24 @@ bool GroupTable::is_closed(std::size_t generators, Progress& held) const {
     return true;
 }
 
+/// An operator before the inversion and one behind it differ by a vector of the lattice.
+void GroupTable::look_at_inversion() {
+    if (!inversion_) return;
+    const Entry inverted = [&] {
+        Entry entry;
+        unpack(packed(inversion_rotation, *inversion_), entry);
+        return entry;
+    }();
+    for (std::size_t i = 1; i < size_; ++i) has(product(entries_[i], inverted));
+}
+
 bool GroupTable::close() {
+    if (!close_products()) return false;
+    look_at_inversion();
+    return true;
+}
+
+bool GroupTable::close_products() {
     const std::size_t generators = size_ - 1;
     for (std::size_t k = 1; k < size_; ++k)
         if (!add_powers(k)) return false;

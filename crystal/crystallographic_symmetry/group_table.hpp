@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace crystallographic_symmetry {
@@ -26,12 +27,19 @@ Vector3f cell_fractions(const Vector3i& tr);
 std::span<const Vector3i> centring_twelfths(int lattice_index);
 
 /// Up to 24 operators, the identity first, with translations in twelfths, so that closing them is
-/// exact. Two operators count as one when their rotations are the same and the sum or the
-/// difference of their translations is a vector of the lattice.
+/// exact.
+///
+/// A table of a Hall symbol knows the lattice from the symbol's letter: two operators count as one
+/// when their rotations are the same and the sum or the difference of their translations is a
+/// vector of the lattice. A table of generators is told of the lattice and the inversion what is
+/// known so far, and takes one operator for each rotation and its negative; two that differ by
+/// more than that have discovered something, and the table is to be built anew with it.
 class GroupTable {
 public:
-    /// `centring` in twelfths, kept by reference.
+    /// A Hall symbol's. `centring` in twelfths, kept by reference.
     explicit GroupTable(std::span<const Vector3i> centring);
+    /// Of generators; `inversion` is the translation of an inversion, in twelfths, if one is known.
+    GroupTable(std::span<const Vector3i> centring, std::optional<Vector3i> inversion);
 
     /// Adds a generator unless it is there. False, with err_symm set, when the table is full or
     /// the coefficients are beyond 100.
@@ -40,6 +48,14 @@ public:
     /// Adds the powers of the generators, then products until none is new. False, with err_symm
     /// set, when that would take more than 24 operators.
     bool close();
+
+    /// What a table of generators came upon, in twelfths: a vector of the lattice that `centring`
+    /// hasn't, the translation of an inversion when none was known.
+    struct Discovery {
+        std::optional<Vector3i> vector;
+        std::optional<Vector3i> inversion;
+    };
+    const Discovery& discovery() const { return discovery_; }
 
     std::size_t size() const { return size_; }
     const Matrix3i& rotation(std::size_t i) const { return entries_[i].rot; }
@@ -66,9 +82,15 @@ private:
     /// did.
     template <class Found>
     bool any_with_rotation(const PackedRows& rotation, Found found) const;
-    bool has(const Operator& one) const;
+    /// The lattice vector by which it differs from an entry, or from an entry inverted; absent when
+    /// the rotation is new either way. An inversion that isn't known is discovered.
+    std::optional<Vector3i> distance(const Operator& one, Discovery& discovery) const;
+    bool has(const Operator& one);
     /// Whether it differs from an entry by a vector of the lattice.
     bool holds(const Operator& one) const;
+    bool has_power(const Operator& one);
+    bool close_products();
+    void look_at_inversion();
     using Progress = std::array<std::size_t, max_reduced>;
     /// Whether the products of the first `generators` entries with all entries are in the table;
     /// goes on where `held` stands for each.
@@ -79,6 +101,9 @@ private:
     bool add_powers(std::size_t k);
 
     std::span<const Vector3i> centring_;
+    bool of_generators_ = false;
+    std::optional<Vector3i> inversion_;
+    Discovery discovery_;
     std::array<Entry, max_reduced> entries_;
     std::size_t size_ = 0;
     /// Entries by a hash of their rotation, from 1; 0 is a free slot, and a taken one sends on to

@@ -187,6 +187,13 @@ TEST(GroupProperties, FirstOperatorsOfTheListTellTheSettingOfAClass) {
               "4/mmm -4m2");
 }
 
+TEST(GroupProperties, DirectionsOfNoTableLeaveTheClass) {
+    // mm2 on hexagonal axes, along c and in the plane.
+    EXPECT_EQ(classes(record_of({"x,y,z", "-x,-y,z", "x,x-y,z", "-x,-x+y,z"}, true)), "mmm mm2");
+    EXPECT_EQ(classes(record_of({"x,y,z", "x-y,-y,-z", "-x+y,y,z", "x,y,-z"}, true)), "mmm mm2");
+    EXPECT_FALSE(err_symm);
+}
+
 TEST(GroupProperties, RecordsWithoutAClassStayBlank) {
     EXPECT_EQ(classes(Space_Group_Type{}), " ");
     EXPECT_EQ(err_symm_mess.trimmed(), " No symmetry operators are given");

@@ -325,6 +325,102 @@ TEST(Generators, GiveTheGroupOfTheSymbol) {
     EXPECT_EQ(built("", {.gen = lines, .ngen = -4, .mode = "GEN"}).multip, 1);
 }
 
+namespace {
+
+Operator product(const Operator& a, const Operator& b) {
+    Operator result{};
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (std::size_t j = 0; j < 3; ++j)
+            for (std::size_t k = 0; k < 3; ++k) result[3 * i + j] += a[3 * i + k] * b[3 * k + j];
+        result[9 + i] = a[9 + i] + 240;
+        for (std::size_t k = 0; k < 3; ++k) result[9 + i] += a[3 * i + k] * b[9 + k];
+        result[9 + i] %= 24;
+    }
+    return result;
+}
+
+std::set<Operator> closure(const std::vector<FixedText<80>>& lines) {
+    std::vector<Operator> generators;
+    for (const FixedText<80>& line : lines) {
+        Sym_Oper_Type op;
+        read_xsym(line.field(), 1, op.rot, &op.tr);
+        generators.push_back(flat(op));
+    }
+    const Operator identity{1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
+    std::set<Operator> all{identity};
+    std::vector<Operator> waiting{identity};
+    while (!waiting.empty()) {
+        const Operator one = waiting.back();
+        waiting.pop_back();
+        for (const Operator& g : generators)
+            if (const Operator next = product(g, one); all.insert(next).second)
+                waiting.push_back(next);
+    }
+    return all;
+}
+
+/// `count` lines of the group's list, drawn one by one.
+std::vector<FixedText<80>> drawn(const Space_Group_Type& group, int count, std::mt19937& random) {
+    std::vector<FixedText<80>> lines;
+    for (int i = 0; i < group.multip; ++i)
+        lines.emplace_back(group.sym_op_text[static_cast<std::size_t>(i)].field());
+    std::shuffle(lines.begin(), lines.end(), random);
+    lines.resize(static_cast<std::size_t>(std::min(count, group.multip)));
+    return lines;
+}
+
+}  // namespace
+
+TEST(EveryRow, IsGivenByAllItsOperatorsInAnyOrder) {
+    std::mt19937 random(12);
+    for (const SpgrRow& row : rows()) {
+        SCOPED_TRACE(row.hall.trimmed());
+        const Space_Group_Type group = built(row.hall.field(), {.mode = "HAL"});
+        const Space_Group_Type again = generated(drawn(group, group.multip, random));
+        ASSERT_FALSE(err_symm) << err_symm_mess.trimmed();
+        EXPECT_EQ(operator_set(again), operator_set(group));
+        EXPECT_EQ(again.multip, group.multip);
+        EXPECT_EQ(again.num_ops, group.num_ops);
+        EXPECT_EQ(again.lat_symbol, group.lat_symbol);
+        EXPECT_EQ(again.crystal_sys, group.crystal_sys);
+        EXPECT_EQ(again.centred == 1, group.centred == 1);
+        EXPECT_FALSE(again.pg.blank());
+    }
+}
+
+TEST(EveryRow, AnyOfItsOperatorsGiveTheGroupThatTheyClose) {
+    std::mt19937 random(34);
+    for (const SpgrRow& row : rows()) {
+        SCOPED_TRACE(row.hall.trimmed());
+        const Space_Group_Type group = built(row.hall.field(), {.mode = "HAL"});
+        for (const int count : {2, 3, 5}) {
+            const std::vector<FixedText<80>> lines = drawn(group, count, random);
+            const Space_Group_Type subgroup = generated(lines);
+            std::string given;
+            for (const FixedText<80>& line : lines) given += std::string(line.trimmed()) + "; ";
+            ASSERT_FALSE(err_symm) << given << err_symm_mess.trimmed();
+            const std::set<Operator> expected = closure(lines);
+            EXPECT_EQ(operator_set(subgroup), expected) << given;
+            EXPECT_EQ(subgroup.multip, static_cast<int>(expected.size())) << given;
+        }
+    }
+}
+
+TEST(Generators, WhatTheyImplyIsFound) {
+    // A centring vector by two parallel axes, by two inversions, by an inversion off an axis, and
+    // one that an axis turns.
+    EXPECT_EQ(generated(texts({"-x,-y,z", "-x+1/2,-y+1/2,z"})).lat_symbol.field(), "mC");
+    EXPECT_EQ(generated(texts({"-x,-y,-z", "-x+1/2,-y+1/2,-z+1/2"})).lat_type.field(), "I");
+    EXPECT_EQ(generated(texts({"-x,-y,z+1/4", "-x,-y,-z"})).multip, 8);
+    EXPECT_EQ(generated(texts({"z,x,y", "x,y+1/2,z+1/2"})).lat_symbol.field(), "hF");
+    EXPECT_EQ(generated(texts({"z,x,y", "x+1/2,y,z"})).num_lat, 8);
+    // Twenty-seven lattice points have no room in the record.
+    EXPECT_EQ(error_of("", {.gen = texts({"z,x,y", "x+1/3,y,z"}), .ngen = 2, .mode = "GEN"}),
+              " Lattice Type couldn't be determined");
+    // An inversion at the origin is preferred, wherever it stands.
+    EXPECT_EQ(generated(texts({"-x,-y,-z", "x+1/2,y+1/2,z", "-x+1/2,-y+1/2,-z"})).centred, 2);
+}
+
 TEST(Generators, CellsOfManyLatticePointsAreFilledForFour) {
     const Space_Group_Type group = generated(texts({"x+1/6,y,z"}));
     ASSERT_FALSE(err_symm);
