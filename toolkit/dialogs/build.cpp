@@ -4,8 +4,6 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/base/motif_text.hpp"
 #include "toolkit/dialogs/fields/buttons.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
-#include "toolkit/dialogs/fields/label.hpp"
 #include "toolkit/dialogs/fields/radio.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/layout.hpp"
@@ -21,6 +19,7 @@
 
 #include <algorithm>
 
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -36,7 +35,7 @@ int free_until(const FieldRecord& field) {
             continue;
         if (box.x >= own.x + own.width)
             end = std::min(end, box.x);
-        else if (other.type == FieldType::Group && box.x <= own.x)
+        else if (kind_of(other).behind && box.x <= own.x)
             end = std::min(end, box.x + box.width - frame);
     }
     return end;
@@ -44,51 +43,13 @@ int free_until(const FieldRecord& field) {
 
 /// A text that is too wide for its field, in whatever font, takes free space beside it.
 void widen_for_text(FieldRecord& field) {
-    constexpr int indicator_room = 10;
-    constexpr FieldTypes wide{FieldType::Label, FieldType::Check, FieldType::Radio};
-    if (!wide.has(field.type) || field.text.empty() || label_lines(field) > 1) return;
-    int wanted = text_width(wFonts.dialog, field.text) + 1;
-    if (field.type != FieldType::Label) wanted += wFonts.dialog.measures.ascent + indicator_room;
+    const auto wanted_width = kind_of(field).wanted_width;
+    const int wanted = wanted_width && !field.text.empty() ? wanted_width(field) : 0;
+    if (wanted == 0) return;
     const int room = std::max(field.box.width, free_until(field) - field.box.x);
     field.box.width = std::clamp(wanted, field.box.width, room);
     field.right_margin = field.dialog->width - field.box.x - field.box.width;
     field.loaded_box = field.box;
-}
-
-void create_field_widget(FieldRecord& field) {
-    switch (field.type) {
-        case FieldType::Label:
-            return create_label(field);
-        case FieldType::Picture:
-            return create_picture(field);
-        case FieldType::Group:
-            return create_group(field);
-        case FieldType::String:
-            return create_text(field);
-        case FieldType::Integer:
-        case FieldType::Real:
-        case FieldType::Double:
-            return create_number(field);
-        case FieldType::Button:
-            return create_push_button(field);
-        case FieldType::Check:
-            return create_check(field);
-        case FieldType::Radio:
-            return create_radio(field);
-        case FieldType::Combo:
-            return create_combo(field);
-        case FieldType::List:
-        case FieldType::TreeView:
-            return create_list(field);
-        case FieldType::Tab:
-            return create_tab(field);
-        case FieldType::Progress:
-            return create_progress(field);
-        case FieldType::Grid:
-            return create_grid(field);
-        case FieldType::Trackbar:
-            return create_trackbar(field);
-    }
 }
 
 void set_colours(const FieldRecord& field) {
@@ -110,7 +71,7 @@ void set_colours(const FieldRecord& field) {
 
 void create_field(FieldRecord& field) {
     widen_for_text(field);
-    create_field_widget(field);
+    kind_of(field).create(field);
     if (!field.position_widget) return;
     set_colours(field);
     watch_field(field);
@@ -205,8 +166,7 @@ void destroy_widgets(DialogRecord& dialog) {
 void restack(DialogRecord& dialog) {
     std::vector<FieldRecord*> behind;
     for (FieldRecord& field : dialog.fields)
-        if ((field.type == FieldType::Group || field.type == FieldType::Tab) &&
-            field.position_widget && XtIsRealized(field.position_widget))
+        if (kind_of(field).behind && field.position_widget && XtIsRealized(field.position_widget))
             behind.push_back(&field);
     // Each is lowered below all others, so the largest comes last.
     const auto area = [](const FieldRecord* field) { return field->box.width * field->box.height; };

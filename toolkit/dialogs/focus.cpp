@@ -4,8 +4,6 @@
 
 #include "toolkit/dialogs/focus.hpp"
 
-#include "toolkit/dialogs/fields/buttons.hpp"
-#include "toolkit/dialogs/fields/radio.hpp"
 #include "toolkit/dialogs/keys.hpp"
 #include "toolkit/dialogs/validity.hpp"
 #include "toolkit/dialogs/values.hpp"
@@ -15,6 +13,7 @@
 
 #include <algorithm>
 
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -26,7 +25,7 @@ State& state = *new State;
 
 void yyDGDefaultButtonMove(FieldRecord& focus) {
     DialogRecord& dialog = *focus.dialog;
-    FieldRecord* framed = focus.type == FieldType::Button ? &focus : dialog.default_button;
+    FieldRecord* framed = kind_of(focus).pressed_by_keys ? &focus : dialog.default_button;
     if (framed == dialog.framed_button || !dialog.default_button) return;
     if (dialog.framed_button) yyDGDefaultButtonAddRemove(*dialog.framed_button, false);
     if (framed) yyDGDefaultButtonAddRemove(*framed, true);
@@ -38,7 +37,7 @@ void post_move(const FieldRecord* from, const FieldRecord& to) {
                               {.type = FieldChanged,
                                .value1 = same_dialog ? from->identifier : to.identifier,
                                .value2 = to.identifier,
-                               .value3 = to.type == FieldType::Grid ? 0 : -1,
+                               .value3 = kind_of(to).has_cells ? 0 : -1,
                                .value4 = -1,
                                .x = -1,
                                .y = -1,
@@ -87,23 +86,13 @@ void yyDGFieldChangeFocusEH(Widget, XtPointer client, XEvent* event, Boolean*) {
 /// gives the focus to any field.
 void append_stops(DialogRecord& dialog, const FieldRecord* from, std::vector<FieldRecord*>& stops) {
     for (FieldRecord& field : dialog.fields) {
-        const bool here = &field == from && field.type != FieldType::Radio;
+        // One that another field stands for is found by that one.
+        const bool here = &field == from && !kind_of(field).tab_stop;
         if ((here || field.has_style(field_style::tab_stop)) && can_focus(field))
             stops.push_back(&tab_target(field));
-        if (field.type != FieldType::Tab || field.pages.empty()) continue;
-        const int slot = field.pages[static_cast<std::size_t>(field.front_page)].slot;
-        if (slot >= 0) append_stops(dialog_slot(slot), from, stops);
+        const auto page = kind_of(field).page;
+        if (DialogRecord* inside = page ? page(field) : nullptr) append_stops(*inside, from, stops);
     }
-}
-
-/// The field itself, or the button of its group that the Tab key stops at.
-bool stands_for(FieldRecord& stop, FieldRecord& field) {
-    if (&stop == &field) return true;
-    if (stop.type != FieldType::Radio || field.type != FieldType::Radio ||
-        stop.dialog != field.dialog)
-        return false;
-    const std::vector<FieldRecord*> group = radio_group(stop);
-    return std::ranges::find(group, &field) != group.end();
 }
 
 }  // namespace
@@ -117,13 +106,6 @@ void watch_field(FieldRecord& field) {
 
 void watch_dialog(DialogRecord& dialog) { install_keys(dialog); }
 
-FieldRecord& tab_target(FieldRecord& field) {
-    if (field.type != FieldType::Radio) return field;
-    for (FieldRecord* radio : radio_group(field))
-        if (toggle_is_set(*radio) && can_focus(*radio)) return *radio;
-    return field;
-}
-
 /// In the order of the resource, the page in front behind its tab, around from the last to the
 /// first.
 void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward) {
@@ -132,9 +114,14 @@ void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward
     if (stops.empty()) return;
     if (!forward) std::ranges::reverse(stops);
     auto here = std::ranges::find_if(
-        stops, [from](FieldRecord* stop) { return from && stands_for(*stop, *from); });
+        stops, [from](FieldRecord* stop) { return from && stop == &tab_target(*from); });
     if (here == stops.end() || ++here == stops.end()) here = stops.begin();
     XmProcessTraversal((*here)->focus_widget, XmTRAVERSE_CURRENT);
+}
+
+FieldRecord& tab_target(FieldRecord& field) {
+    const auto tab_stop = kind_of(field).tab_stop;
+    return tab_stop ? tab_stop(field) : field;
 }
 
 bool can_focus(const FieldRecord& field) {

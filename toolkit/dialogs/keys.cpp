@@ -8,25 +8,12 @@
 
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
-#include <Xm/Text.h>
 
-#include <algorithm>
+#include <string>
 
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
-
-void step_radio(FieldRecord& field, bool forward) {
-    const std::vector<FieldRecord*> group = radio_group(field);
-    const std::size_t count = group.size();
-    auto i = static_cast<std::size_t>(std::ranges::find(group, &field) - group.begin());
-    for (std::size_t steps = 1; steps < count; ++steps) {
-        i = (i + (forward ? 1 : count - 1)) % count;
-        if (!can_focus(*group[i])) continue;
-        XmProcessTraversal(group[i]->focus_widget, XmTRAVERSE_CURRENT);
-        set_radio(*group[i]);
-        return post_changed(*group[i]);
-    }
-}
 
 constexpr int ok_button = 1;
 
@@ -41,7 +28,7 @@ int focused_identifier(const DialogRecord& dialog, int otherwise) {
 /// Return: the button with the focus, else the default button, else OK.
 void press_default(DialogRecord& dialog, FieldRecord* focus, XEvent* event) {
     if (!commit_typing()) return;
-    if (focus && focus->type == FieldType::Button) return activate(*focus, event);
+    if (focus && kind_of(*focus).pressed_by_keys) return activate(*focus, event);
     DialogRecord& outer = outermost(dialog);
     for (const DialogRecord* owner : {&dialog, &outer})
         if (owner->default_button && can_focus(*owner->default_button))
@@ -65,7 +52,7 @@ void use_mnemonic(FieldRecord& field, XEvent* event) {
     }
     if (i == fields.size()) return;
     XmProcessTraversal(tab_target(fields[i]).focus_widget, XmTRAVERSE_CURRENT);
-    if (fields[i].type == FieldType::Button && !bInvalidField) activate(fields[i], event);
+    if (kind_of(fields[i]).pressed_by_keys && !bInvalidField) activate(fields[i], event);
 }
 
 void shortcut(DialogRecord& dialog, XEvent* event) {
@@ -82,39 +69,6 @@ void shortcut(DialogRecord& dialog, XEvent* event) {
     if (field) use_mnemonic(*field, event);
 }
 
-void edit_text(Widget text, char key, Time time) {
-    switch (key) {
-        case 'x':
-            XmTextCut(text, time);
-            break;
-        case 'c':
-            XmTextCopy(text, time);
-            break;
-        case 'v':
-            XmTextPaste(text);
-            break;
-        case 'a':
-            XmTextSetSelection(text, 0, XmTextGetLastPosition(text), time);
-            break;
-        case 'R':
-        case 'T': {
-            if (!XmTextGetEditable(text)) break;
-            const XmTextPosition at = XmTextGetInsertionPosition(text);
-            XmTextReplace(text, at, at, xt_name(key == 'R' ? "\n" : "\t"));
-            XmTextSetInsertionPosition(text, at + 1);
-            break;
-        }
-        case '4':
-            XmTextScroll(text, -3);
-            break;
-        case '5':
-            XmTextScroll(text, 3);
-            break;
-        default:
-            break;  // other control keys do nothing
-    }
-}
-
 void yyDGKeyTrans(Widget widget, XEvent* event, String* parameters, Cardinal* count) {
     if (*count == 0) return;
     DialogRecord* dialog = dialog_around(widget);
@@ -128,14 +82,11 @@ void yyDGKeyTrans(Widget widget, XEvent* event, String* parameters, Cardinal* co
             return press_default(*dialog, field, event);
         case 't':
             return yyDGNextPreviousField(*dialog, field, forward);
-        case 'C':
-            if (field && field->type == FieldType::Radio) step_radio(*field, forward);
-            return;
         case 's':
             return shortcut(*dialog, event);
         default:
-            if (field && typed_fields.has(field->type))
-                edit_text(field->widget, parameters[0][0], event->xkey.time);
+            if (field && kind_of(*field).key)
+                kind_of(*field).key(*field, parameters[0][0], forward, *event);
     }
 }
 
@@ -151,42 +102,10 @@ constexpr char field_keys[] =
     "Shift<Key>ISO_Left_Tab: yyDGKeyTrans(t,b)\n"
     "<Key>Tab: yyDGKeyTrans(t,f)\n";
 
-constexpr char string_keys[] =
-    "Ctrl<Key>x: yyDGKeyTrans(x)\n"
-    "Ctrl<Key>c: yyDGKeyTrans(c)\n"
-    "Ctrl<Key>v: yyDGKeyTrans(v)\n"
-    "Ctrl<Key>a: yyDGKeyTrans(a)\n";
-
-// The cursor and deletion keys keep what Motif gives them with Control held.
-constexpr char control_keys[] =
-    "Ctrl<Key>osfLeft: backward-word()\n"
-    "Ctrl<Key>osfRight: forward-word()\n"
-    "Ctrl<Key>: yyDGKeyTrans(i)\n";
-
-constexpr char multi_line_keys[] =
-    "Ctrl<Key>Return: yyDGKeyTrans(R)\n"
-    "Ctrl<Key>Tab: yyDGKeyTrans(T)\n"
-    "<Btn4Down> : yyDGKeyTrans(4)\n"
-    "<Btn5Down> : yyDGKeyTrans(5)\n";
-
-constexpr char radio_keys[] =
-    "<Key>osfLeft: yyDGKeyTrans(C,b)\n"
-    "<Key>osfUp: yyDGKeyTrans(C,b)\n"
-    "<Key>osfRight: yyDGKeyTrans(C,f)\n"
-    "<Key>osfDown: yyDGKeyTrans(C,f)\n";
-
 /// Keys of a field, the special ones first: in one table the first that matches counts.
 std::string keys_of(const FieldRecord& field) {
-    std::string keys;
-    const bool spinner = (field.third_style & field_style::third_spinner) != 0;
-    if (field.type == FieldType::String && field.has_style(field_style::multi_line))
-        keys += multi_line_keys;
-    if (field.type == FieldType::Radio) keys += radio_keys;
-    if (typed_fields.has(field.type)) keys += string_keys;
-    keys += std::string(field_keys) + dialog_keys;
-    // A spinner's arrow keys take the big step with Control held.
-    if (typed_fields.has(field.type) && !spinner) keys += control_keys;
-    return keys;
+    const auto keys = kind_of(field).keys;
+    return (keys ? keys(field) : std::string()) + field_keys + dialog_keys;
 }
 
 void install(Widget widget, const std::string& keys) {

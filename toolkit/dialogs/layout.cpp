@@ -1,12 +1,11 @@
 #include "toolkit/dialogs/layout.hpp"
 
-#include "toolkit/dialogs/fields/combo.hpp"
-#include "toolkit/dialogs/fields/tab.hpp"
 #include "toolkit/dialogs/resize.hpp"
 #include "toolkit/widgets/placement.hpp"
 
 #include <Xm/Xm.h>
 
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -16,7 +15,7 @@ void configure(Widget widget, const Box& box) {
 
 Box widget_box(const FieldRecord& field) {
     Box box = field.box;
-    if (field.type == FieldType::Combo) box.height = closed_combo_height(field);
+    if (const auto height = kind_of(field).height) box.height = height(field);
     return box;
 }
 
@@ -32,7 +31,7 @@ void lay_out_fields(DialogRecord& dialog) {
         field.box = resized_box(field.loaded_box, field.right_margin, field.bottom_margin,
                                 field.resize_mask, width, height);
         if (field.position_widget) configure(field.position_widget, widget_box(field));
-        if (field.type == FieldType::Tab) place_pages(field);
+        if (const auto fit = kind_of(field).fit; fit && field.widget) fit(field);
     }
 }
 

@@ -9,6 +9,7 @@
 #include "toolkit/windows/gl_target.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -61,53 +62,11 @@ void take_mnemonic(FieldRecord& field) {
     field.text = plain;
 }
 
-bool shows_its_text(FieldType type) {
-    return FieldTypes{FieldType::Label, FieldType::Group, FieldType::Button, FieldType::Check,
-                      FieldType::Radio}
-        .has(type);
-}
-
 void load_mnemonic(int dialog, FieldRecord& field) {
-    if (shows_its_text(field.type)) take_mnemonic(field);
+    if (kind_of(field).marks_mnemonic) take_mnemonic(field);
     int character = 0;
     yyrcfieldshortcut(dialog, field.identifier, character);
     if (character > ' ' && character < 127) field.mnemonic = lower(static_cast<char>(character));
-}
-
-void load_numeric(int dialog, FieldRecord& field) {
-    if (!numeric_fields.has(field.type)) return;
-    field.numeric = std::make_unique<NumericField>();
-    NumericField& numeric = *field.numeric;
-    numeric.type = field.type == FieldType::Integer ? NumericType::Integer
-                   : field.type == FieldType::Real  ? NumericType::Real
-                                                    : NumericType::Double;
-    yyrcfieldrange(dialog, field.identifier, numeric.low, numeric.high);
-    int length = 0;
-    yyrcfieldformatcheck(dialog, field.identifier, length);
-    numeric.format.assign(size_of(length), ' ');
-    yyrcfieldformatload(dialog, field.identifier, numeric.format);
-    if (const auto value = number_of(numeric.type, field.text)) {
-        numeric.last_valid = *value;
-        numeric.defined = true;
-    }
-}
-
-void load_pages(int dialog, FieldRecord& field) {
-    if (field.type != FieldType::Tab) return;
-    int count = 0;
-    int text_size = 0;
-    yyrcfieldtabcheck(dialog, field.identifier, count, text_size);
-    int selected = 0;
-    std::vector<int> dialogs(size_of(count));
-    std::vector<int> offsets(size_of(count) + 1);
-    std::string text(size_of(text_size), ' ');
-    yyrcfieldtabload(dialog, field.identifier, selected, dialogs, offsets, text);
-    for (std::size_t i = 0; i < dialogs.size(); ++i) {
-        const auto start = static_cast<std::size_t>(offsets[i]);
-        const auto end = static_cast<std::size_t>(offsets[i + 1]);
-        field.pages.push_back({dialogs[i], text.substr(start, end - start), -1});
-        if (dialogs[i] == selected) field.front_page = static_cast<int>(i);
-    }
 }
 
 FieldRecord field_record(DialogRecord& dialog, const FieldColumns& columns, std::size_t i) {
@@ -129,8 +88,7 @@ FieldRecord field_record(DialogRecord& dialog, const FieldColumns& columns, std:
     yyrcfieldcheckbox(dialog.identifier, field.identifier, set);
     field.initially_set = set != 0;
     load_mnemonic(dialog.identifier, field);
-    load_numeric(dialog.identifier, field);
-    load_pages(dialog.identifier, field);
+    if (const auto load = kind_of(field).load) load(field);
     return field;
 }
 

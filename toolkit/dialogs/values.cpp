@@ -1,60 +1,29 @@
 #include "toolkit/dialogs/values.hpp"
 
 #include "common/fixed_text.hpp"
-#include "toolkit/base/motif_text.hpp"
 #include "toolkit/dialogs/build.hpp"
-#include "toolkit/dialogs/fields/tab.hpp"
 #include "toolkit/dialogs/fields/text.hpp"
-#include "toolkit/widgets/combo.hpp"
-#include "toolkit/widgets/grid.hpp"
 
-#include <Xm/Label.h>
-#include <Xm/Text.h>
-
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
-namespace {
-
-constexpr FieldTypes labelled_fields{FieldType::Label, FieldType::Group, FieldType::Button,
-                                     FieldType::Check, FieldType::Radio};
-constexpr FieldTypes text_fields{
-    FieldType::String, FieldType::Integer, FieldType::Real,  FieldType::Double, FieldType::Label,
-    FieldType::Group,  FieldType::Button,  FieldType::Check, FieldType::Radio,  FieldType::Combo};
-
-void set_label(FieldRecord& field, const std::string& text) {
-    // A group without a title label has its frame alone.
-    if (!XmIsLabel(field.widget)) return;
-    const CompoundText label(text);
-    XtVaSetValues(field.widget, XmNlabelString, label.get(), nullptr);
-}
-
-}  // namespace
-
 std::string widget_text(const FieldRecord& field) {
-    if (!field.password.empty()) return field.password;
-    if (typed_fields.has(field.type)) return taken(XmTextGetString(field.widget));
-    if (field.type == FieldType::Combo) return taken(XmTextGetString(combo_text(field.widget)));
-    return field.text;
+    const auto text = kind_of(field).text;
+    return text ? text(field) : std::string();
 }
 
 void set_widget_text(FieldRecord& field, const std::string& text) {
-    char* const value = xt_name(text);
-    if (typed_fields.has(field.type))
-        XmTextSetString(field.widget, value);
-    else if (field.type == FieldType::Combo)
-        XmTextSetString(combo_text(field.widget), value);
-    else
-        set_label(field, text);
-    if (labelled_fields.has(field.type)) field.text = text;
+    if (const auto put_text = kind_of(field).put_text) put_text(field, text);
 }
 
 void apply_state(FieldRecord& field, int state) {
-    // A greyed grid can still be scrolled: its scrolled window stays as it is.
-    const Widget greyed = field.type == FieldType::Grid ? field.widget : field.position_widget;
-    if (!greyed) return;
-    XtSetSensitive(greyed, state == FieldDisabled ? False : True);
-    const bool read_only = state == FieldReadOnly;
-    if (typed_fields.has(field.type)) XmTextSetEditable(field.widget, read_only ? False : True);
-    if (field.type == FieldType::Grid) grid_set_read_only(field.widget, read_only);
+    if (!field.position_widget) return;
+    const FieldKind& kind = kind_of(field);
+    const bool greyed = state == FieldDisabled;
+    if (kind.grey)
+        kind.grey(field, greyed);
+    else
+        XtSetSensitive(field.position_widget, greyed ? False : True);
+    if (kind.set_read_only) kind.set_read_only(field, state == FieldReadOnly);
     if (state == FieldHidden)
         XtUnmanageChild(field.position_widget);
     else
@@ -62,21 +31,26 @@ void apply_state(FieldRecord& field, int state) {
     field.state = state;
 }
 
+namespace {
+
+bool shows_text(const FieldKind& kind) { return kind.text != nullptr; }
+
+}  // namespace
+
 void wdialoggetstring(int identifier, std::string& text) {
-    const FieldRecord* field = current_field(identifier, text_fields, "WDialogGetString");
+    const FieldRecord* field = current_field_with(identifier, shows_text, "WDialogGetString");
     if (field) text = without_trailing_blanks(widget_text(*field));
 }
 
 void wdialoggetstringlength(int identifier, int& length) {
-    const FieldRecord* field = current_field(identifier, text_fields, "WDialogGetStringLen");
+    const FieldRecord* field = current_field_with(identifier, shows_text, "WDialogGetStringLen");
     if (field) length = static_cast<int>(trimmed_length(widget_text(*field)));
 }
 
 void wdialogputstring(int identifier, std::string_view text) {
-    FieldRecord* field = current_field(identifier, text_fields, "WDialogPutString");
+    FieldRecord* field = current_field_with(identifier, shows_text, "WDialogPutString");
     if (!field) return;
     const Suppression quiet(*field->dialog);
-    field->password.clear();
     set_widget_text(*field, std::string(without_trailing_blanks(text)));
     if (field->numeric) field->numeric->text_changed = true;
     forget_typing(*field);
@@ -87,7 +61,7 @@ void wdialogfieldstate(int identifier, int state) {
     if (!field || state < FieldDisabled || state > FieldHidden) return;
     const Suppression quiet(*field->dialog);
     apply_state(*field, state);
-    if (field->type == FieldType::Tab) place_pages(*field);
+    if (kind_of(*field).fit) kind_of(*field).fit(*field);
     restack(*field->dialog);
 }
 

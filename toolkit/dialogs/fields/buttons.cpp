@@ -2,7 +2,7 @@
 
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/post.hpp"
 
@@ -42,15 +42,6 @@ Widget create_button_widget(FieldRecord& field, WidgetClass type, Arguments extr
     return field.widget;
 }
 
-void create_push_button(FieldRecord& field) {
-    Arguments extra;
-    extra(XmNshadowThickness, 2);
-    const Widget button = create_button_widget(field, xmPushButtonWidgetClass, extra);
-    XtAddCallback(button, XmNactivateCallback, pressed, &field);
-    if (field.has_style(field_style::default_button) && !field.dialog->default_button)
-        field.dialog->default_button = &field;
-}
-
 Arguments toggle_arguments(const FieldRecord& field, bool radio) {
     Arguments extra;
     if (field.has_style(field_style::picture)) {
@@ -76,5 +67,32 @@ void set_toggle(FieldRecord& field, bool set) {
 bool toggle_is_set(const FieldRecord& field) {
     return XmToggleButtonGetState(field.widget) != False;
 }
+
+int toggle_width(const FieldRecord& field) {
+    constexpr int indicator_room = 10;
+    return text_width(wFonts.dialog, field.text) + 1 + wFonts.dialog.measures.ascent +
+           indicator_room;
+}
+
+namespace {
+
+void create_push_button(FieldRecord& field) {
+    Arguments extra;
+    extra(XmNshadowThickness, 2);
+    const Widget button = create_button_widget(field, xmPushButtonWidgetClass, extra);
+    XtAddCallback(button, XmNactivateCallback, pressed, &field);
+    if (field.has_style(field_style::default_button) && !field.dialog->default_button)
+        field.dialog->default_button = &field;
+}
+
+}  // namespace
+
+const FieldKind button_kind{
+    .create = create_push_button,
+    .text = label_text,
+    .put_text = put_label_text,
+    .marks_mnemonic = true,
+    .pressed_by_keys = true,
+};
 
 }  // namespace tesserakit

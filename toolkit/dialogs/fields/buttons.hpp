@@ -10,6 +10,8 @@ namespace tesserakit {
 Widget create_button_widget(FieldRecord& field, WidgetClass type, Arguments extra);
 /// Arguments of a check box or a radio button.
 Arguments toggle_arguments(const FieldRecord& field, bool radio);
+/// Width of the text and the indicator.
+int toggle_width(const FieldRecord& field);
 void set_toggle(FieldRecord& field, bool set);
 bool toggle_is_set(const FieldRecord& field);
 

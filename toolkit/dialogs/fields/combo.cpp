@@ -1,21 +1,24 @@
 #include "toolkit/dialogs/fields/combo.hpp"
 
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/menu.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/load.hpp"
 #include "toolkit/widgets/combo.hpp"
 
 #include <Xm/ComboBox.h>
+#include <Xm/Text.h>
 
 #include <algorithm>
 
+#include "toolkit/base/motif_text.hpp"
 namespace tesserakit {
-
 int closed_combo_height(const FieldRecord& field) {
     return std::min(field.box.height, pixels_down(12));
 }
+
+namespace {
 
 void create_combo(FieldRecord& field) {
     Arguments args = placed_text(field.box);
@@ -35,5 +38,26 @@ void create_combo(FieldRecord& field) {
     fill_menu(field);
     XtAddCallback(field.widget, XmNselectionCallback, changed, &field);
 }
+
+std::string shown_option(Widget combo) { return taken(XmTextGetString(combo_text(combo))); }
+
+std::string combo_shown_text(const FieldRecord& field) { return shown_option(field.widget); }
+
+void put_combo_text(FieldRecord& field, const std::string& text) {
+    XmTextSetString(combo_text(field.widget), xt_name(text));
+}
+
+constexpr MenuOperations combo_menu{combo_set_options, combo_count, combo_selected, combo_select,
+                                    shown_option};
+
+}  // namespace
+
+const FieldKind combo_kind{
+    .create = create_combo,
+    .text = combo_shown_text,
+    .put_text = put_combo_text,
+    .height = closed_combo_height,
+    .menu = &combo_menu,
+};
 
 }  // namespace tesserakit

@@ -2,7 +2,7 @@
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/load.hpp"
 
@@ -69,8 +69,6 @@ FieldRecord* grid_with_cell(int identifier, int column, int row, const char* rou
     return nullptr;
 }
 
-}  // namespace
-
 void create_grid(FieldRecord& field) {
     const GridSetup setup = load_grid(field);
     field.capacity = std::max(setup.capacity, 0);
@@ -99,6 +97,8 @@ void create_grid(FieldRecord& field) {
     XtAddCallback(field.widget, gridNchangeCallback, grid_changed, &field);
 }
 
+}  // namespace
+
 void wgridrows(int identifier, int rows) {
     constexpr const char* routine = "WGridRows";
     FieldRecord* field = current_field(identifier, FieldType::Grid, routine);
@@ -121,5 +121,25 @@ void wgridlabelrow(int identifier, int row, std::string_view text) {
     FieldRecord* field = grid_with_row(identifier, row, "WGridLabelRow");
     if (field) grid_set_row_label(field->widget, row - 1, without_trailing_blanks(text));
 }
+
+namespace {
+
+/// A greyed grid can still be scrolled: its scrolled window stays as it is.
+void grey_grid(FieldRecord& field, bool greyed) {
+    XtSetSensitive(field.widget, greyed ? False : True);
+}
+
+void set_grid_read_only(FieldRecord& field, bool read_only) {
+    grid_set_read_only(field.widget, read_only);
+}
+
+}  // namespace
+
+const FieldKind grid_kind{
+    .create = create_grid,
+    .grey = grey_grid,
+    .set_read_only = set_grid_read_only,
+    .has_cells = true,
+};
 
 }  // namespace tesserakit

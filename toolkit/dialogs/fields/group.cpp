@@ -1,11 +1,12 @@
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
 #include <Xm/Frame.h>
 #include <Xm/Label.h>
 
 namespace tesserakit {
+namespace {
 
 void create_group(FieldRecord& field) {
     Arguments args = placed(field.box);
@@ -21,5 +22,15 @@ void create_group(FieldRecord& field) {
     field.widget = title.create("title", xmLabelWidgetClass, field.position_widget);
     XtManageChild(field.widget);
 }
+
+}  // namespace
+
+const FieldKind group_kind{
+    .create = create_group,
+    .text = label_text,
+    .put_text = put_label_text,
+    .marks_mnemonic = true,
+    .behind = true,
+};
 
 }  // namespace tesserakit

@@ -1,7 +1,5 @@
-#include "toolkit/dialogs/fields/label.hpp"
-
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
 #include <Xm/Label.h>
@@ -67,10 +65,12 @@ int label_alignment(int style) {
     }
 }
 
-}  // namespace
-
 int label_lines(const FieldRecord& field) {
     return std::max(1, field.box.height / std::max(1, wFonts.dialog.height()));
+}
+
+int wanted_width(const FieldRecord& field) {
+    return label_lines(field) > 1 ? 0 : text_width(wFonts.dialog, field.text) + 1;
 }
 
 void create_label(FieldRecord& field) {
@@ -84,5 +84,15 @@ void create_label(FieldRecord& field) {
     field.widget = args.create("label", xmLabelWidgetClass, field.position_widget);
     XtManageChild(field.widget);
 }
+
+}  // namespace
+
+const FieldKind label_kind{
+    .create = create_label,
+    .text = label_text,
+    .put_text = put_label_text,
+    .wanted_width = wanted_width,
+    .marks_mnemonic = true,
+};
 
 }  // namespace tesserakit

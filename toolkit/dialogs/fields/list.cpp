@@ -1,13 +1,15 @@
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/menu.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
 #include <Xm/List.h>
 #include <Xm/ScrolledW.h>
 
+#include "toolkit/widgets/list_items.hpp"
 namespace tesserakit {
+namespace {
 
 void create_list(FieldRecord& field) {
     Arguments frame = placed(field.box);
@@ -25,5 +27,33 @@ void create_list(FieldRecord& field) {
     if (field.type == FieldType::List) fill_menu(field);
     XtAddCallback(field.widget, XmNbrowseSelectionCallback, changed, &field);
 }
+
+}  // namespace
+
+namespace {
+
+/// Scrolls so far that the selected item is in sight.
+void show_selected(FieldRecord& field) {
+    const int option = selected_item(field.widget);
+    if (option < 1) return;
+    int top = 0;
+    int visible = 0;
+    XtVaGetValues(field.widget, XmNtopItemPosition, &top, XmNvisibleItemCount, &visible, nullptr);
+    if (option < top) XmListSetPos(field.widget, option);
+    if (visible > 0 && option >= top + visible) XmListSetBottomPos(field.widget, option);
+}
+
+std::string selected_text(Widget list) { return item_text(list, selected_item(list)); }
+
+constexpr MenuOperations list_menu{set_items, item_count, selected_item, select_item,
+                                   selected_text};
+
+}  // namespace
+
+const FieldKind list_kind{
+    .create = create_list,
+    .fit = show_selected,
+    .menu = &list_menu,
+};
 
 }  // namespace tesserakit

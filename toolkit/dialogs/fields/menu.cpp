@@ -3,45 +3,23 @@
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/dialogs/values.hpp"
-#include "toolkit/widgets/combo.hpp"
-#include "toolkit/widgets/list_items.hpp"
 
-#include <Xm/List.h>
-
+#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
-constexpr FieldTypes menu_fields{FieldType::Combo, FieldType::List, FieldType::TreeView};
+const MenuOperations& menu_of(const FieldRecord& field) { return *kind_of(field).menu; }
 
-void set_options(FieldRecord& field, std::span<const std::string> options) {
-    if (field.type == FieldType::Combo) return combo_set_options(field.widget, options);
-    set_items(field.widget, options);
-}
-
-int option_count(const FieldRecord& field) {
-    if (field.type == FieldType::Combo) return combo_count(field.widget);
-    return item_count(field.widget);
-}
-
-int selected_option(const FieldRecord& field) {
-    if (field.type == FieldType::Combo) return combo_selected(field.widget);
-    return selected_item(field.widget);
-}
+bool has_menu(const FieldKind& kind) { return kind.menu != nullptr; }
 
 void select_option(FieldRecord& field, int option) {
-    if (field.type == FieldType::Combo) return combo_select(field.widget, option);
-    select_item(field.widget, option);
-    if (option < 1) return;
-    int top = 0;
-    int visible = 0;
-    XtVaGetValues(field.widget, XmNtopItemPosition, &top, XmNvisibleItemCount, &visible, nullptr);
-    if (option < top) XmListSetPos(field.widget, option);
-    if (visible > 0 && option >= top + visible) XmListSetBottomPos(field.widget, option);
+    menu_of(field).select(field.widget, option);
+    if (kind_of(field).fit) kind_of(field).fit(field);
 }
 
 FieldRecord* option_field(int identifier, int option, int least, const char* routine) {
-    FieldRecord* field = current_field(identifier, menu_fields, routine);
-    if (field && (option < least || option > option_count(*field))) {
+    FieldRecord* field = current_field_with(identifier, has_menu, routine);
+    if (field && (option < least || option > menu_of(*field).count(field->widget))) {
         yyerror(OptionOutOfRange, routine, identifier, option);
         return nullptr;
     }
@@ -75,34 +53,30 @@ Menu load_menu(const FieldRecord& field) {
 void fill_menu(FieldRecord& field) {
     const Menu menu = load_menu(field);
     const Suppression quiet(*field.dialog);
-    set_options(field, menu.options);
-    if (menu.selected > 0 && menu.selected <= option_count(field))
+    menu_of(field).set(field.widget, menu.options);
+    if (menu.selected > 0 && menu.selected <= menu_of(field).count(field.widget))
         select_option(field, menu.selected);
 }
 
 void wdialoggetmenu1(int identifier, int& option) {
-    const FieldRecord* field = current_field(identifier, menu_fields, "WDialogGetMenu");
-    if (field) option = selected_option(*field);
+    const FieldRecord* field = current_field_with(identifier, has_menu, "WDialogGetMenu");
+    if (field) option = menu_of(*field).selected(field->widget);
 }
 
 void wdialoggetmenu2(int identifier, std::string& text) {
-    const FieldRecord* field = current_field(identifier, menu_fields, "WDialogGetMenu");
+    const FieldRecord* field = current_field_with(identifier, has_menu, "WDialogGetMenu");
     if (!field) return;
-    if (field->type == FieldType::Combo) {
-        text = without_trailing_blanks(widget_text(*field));
-        return;
-    }
-    text = without_trailing_blanks(item_text(field->widget, selected_option(*field)));
+    text = without_trailing_blanks(menu_of(*field).text(field->widget));
 }
 
 void wdialogputmenu1(int identifier, std::span<const std::string> options, int selected) {
     constexpr const char* routine = "WDialogPutMenu";
-    FieldRecord* field = current_field(identifier, menu_fields, routine);
+    FieldRecord* field = current_field_with(identifier, has_menu, routine);
     if (!field) return;
     const Suppression quiet(*field->dialog);
     std::vector<std::string> trimmed;
     for (const std::string& option : options) trimmed.emplace_back(without_trailing_blanks(option));
-    set_options(*field, trimmed);
+    menu_of(*field).set(field->widget, trimmed);
     const bool there = selected >= 0 && selected <= static_cast<int>(options.size());
     if (!there) yyerror(OptionOutOfRange, routine, identifier, selected);
     select_option(*field, there ? selected : 0);

@@ -1,6 +1,6 @@
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/text.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/post.hpp"
@@ -9,8 +9,28 @@
 
 #include <Xm/Text.h>
 
+#include <algorithm>
+
 namespace tesserakit {
 namespace {
+
+void load_numeric(FieldRecord& field) {
+    const int dialog = field.dialog->identifier;
+    field.numeric = std::make_unique<NumericField>();
+    NumericField& numeric = *field.numeric;
+    numeric.type = field.type == FieldType::Integer ? NumericType::Integer
+                   : field.type == FieldType::Real  ? NumericType::Real
+                                                    : NumericType::Double;
+    yyrcfieldrange(dialog, field.identifier, numeric.low, numeric.high);
+    int length = 0;
+    yyrcfieldformatcheck(dialog, field.identifier, length);
+    numeric.format.assign(static_cast<std::size_t>(std::max(0, length)), ' ');
+    yyrcfieldformatload(dialog, field.identifier, numeric.format);
+    if (const auto value = number_of(numeric.type, field.text)) {
+        numeric.last_valid = *value;
+        numeric.defined = true;
+    }
+}
 
 void spun(Widget, XtPointer client, XtPointer call) {
     FieldRecord& field = field_of(client);
@@ -66,14 +86,14 @@ void put_value(int identifier, FieldType type, double value, std::string_view fo
     forget_typing(*field);
 }
 
-}  // namespace
-
 void create_number(FieldRecord& field) {
     if (field.third_style & field_style::third_spinner)
         create_spin(field);
     else
         create_text(field);
 }
+
+}  // namespace
 
 void wdialoggetinteger(int field, int& value) {
     get_number(field, FieldType::Integer, value, undefined_integer, "WDialogGetInteger");
@@ -131,5 +151,15 @@ void wdialogspinnerstep2(int identifier, float step, std::optional<float> big_st
     setup.big_step = static_cast<double>(big_step.value_or(step));
     spin_configure(field->position_widget, setup);
 }
+
+const FieldKind number_kind{
+    .load = load_numeric,
+    .create = create_number,
+    .text = typed_text,
+    .put_text = put_typed_text,
+    .set_read_only = set_text_read_only,
+    .keys = text_keys,
+    .key = edit_by_key,
+};
 
 }  // namespace tesserakit

@@ -1,8 +1,9 @@
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/widgets/tess.hpp"
 
 namespace tesserakit {
+namespace {
 
 void create_picture(FieldRecord& field) {
     load_image(field);
@@ -12,5 +13,11 @@ void create_picture(FieldRecord& field) {
     field.widget = args.create("picture", tessWidgetClass, field.dialog->widget);
     field.position_widget = field.widget;
 }
+
+}  // namespace
+
+const FieldKind picture_kind{
+    .create = create_picture,
+};
 
 }  // namespace tesserakit

@@ -1,7 +1,7 @@
 #include "toolkit/widgets/progress.hpp"
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
 #include <Xm/Xm.h>
@@ -9,6 +9,7 @@
 #include <algorithm>
 
 namespace tesserakit {
+namespace {
 
 void create_progress(FieldRecord& field) {
     int step = 0;
@@ -26,6 +27,8 @@ void create_progress(FieldRecord& field) {
     field.position_widget = field.widget;
 }
 
+}  // namespace
+
 void wdialogputprogressbar(int identifier, int value) {
     FieldRecord* field = current_field(identifier, FieldType::Progress, "WDialogPutProgressBar");
     if (!field) return;
@@ -42,5 +45,9 @@ void wdialograngeprogressbar(int identifier, int minimum, int maximum) {
     field->progress_high = maximum;
     XtVaSetValues(field->widget, progressNminimum, minimum, progressNmaximum, maximum, nullptr);
 }
+
+const FieldKind progress_kind{
+    .create = create_progress,
+};
 
 }  // namespace tesserakit

@@ -1,7 +1,7 @@
 #include "toolkit/dialogs/fields/radio.hpp"
 
 #include "toolkit/dialogs/fields/buttons.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/post.hpp"
 
@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "toolkit/dialogs/focus.hpp"
 namespace tesserakit {
 namespace {
 
@@ -42,11 +43,6 @@ void set_radio(FieldRecord& radio) {
     for (FieldRecord* other : radio_group(radio)) set_toggle(*other, other == &radio);
 }
 
-void create_radio(FieldRecord& field) {
-    create_button_widget(field, xmToggleButtonWidgetClass, toggle_arguments(field, true));
-    XtAddCallback(field.widget, XmNvalueChangedCallback, radio_pressed, &field);
-}
-
 void wdialoggetradiobutton(int identifier, int& ordinal) {
     FieldRecord* field = current_field(identifier, FieldType::Radio, "WDialogGetRadioButton");
     if (!field) return;
@@ -59,5 +55,54 @@ void wdialogputradiobutton(int identifier) {
     FieldRecord* field = current_field(identifier, FieldType::Radio, "WDialogPutRadioButton");
     if (field) set_radio(*field);
 }
+
+namespace {
+
+void create_radio(FieldRecord& field) {
+    create_button_widget(field, xmToggleButtonWidgetClass, toggle_arguments(field, true));
+    XtAddCallback(field.widget, XmNvalueChangedCallback, radio_pressed, &field);
+}
+
+/// The button that the Tab key stops at: the one that is set.
+FieldRecord& set_radio_of(FieldRecord& field) {
+    const std::vector<FieldRecord*> group = radio_group(field);
+    for (FieldRecord* radio : group)
+        if (toggle_is_set(*radio) && can_focus(*radio)) return *radio;
+    return field;
+}
+
+constexpr char radio_keys[] =
+    "<Key>osfLeft: yyDGKeyTrans(C,b)\n"
+    "<Key>osfUp: yyDGKeyTrans(C,b)\n"
+    "<Key>osfRight: yyDGKeyTrans(C,f)\n"
+    "<Key>osfDown: yyDGKeyTrans(C,f)\n";
+
+std::string radio_keys_of(const FieldRecord&) { return radio_keys; }
+
+void step_by_key(FieldRecord& field, char, bool forward, const XEvent&) {
+    const std::vector<FieldRecord*> group = radio_group(field);
+    const std::size_t count = group.size();
+    auto i = static_cast<std::size_t>(std::ranges::find(group, &field) - group.begin());
+    for (std::size_t steps = 1; steps < count; ++steps) {
+        i = (i + (forward ? 1 : count - 1)) % count;
+        if (!can_focus(*group[i])) continue;
+        XmProcessTraversal(group[i]->focus_widget, XmTRAVERSE_CURRENT);
+        set_radio(*group[i]);
+        return post_changed(*group[i]);
+    }
+}
+
+}  // namespace
+
+const FieldKind radio_kind{
+    .create = create_radio,
+    .text = label_text,
+    .put_text = put_label_text,
+    .wanted_width = toggle_width,
+    .tab_stop = set_radio_of,
+    .keys = radio_keys_of,
+    .key = step_by_key,
+    .marks_mnemonic = true,
+};
 
 }  // namespace tesserakit

@@ -3,7 +3,7 @@
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/build.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/load.hpp"
@@ -16,6 +16,25 @@
 
 namespace tesserakit {
 namespace {
+
+void load_pages(FieldRecord& field) {
+    const int dialog = field.dialog->identifier;
+    int count = 0;
+    int text_size = 0;
+    yyrcfieldtabcheck(dialog, field.identifier, count, text_size);
+    if (count < 1) return;
+    int selected = 0;
+    std::vector<int> dialogs(static_cast<std::size_t>(count));
+    std::vector<int> offsets(static_cast<std::size_t>(count) + 1);
+    std::string text(static_cast<std::size_t>(text_size), ' ');
+    yyrcfieldtabload(dialog, field.identifier, selected, dialogs, offsets, text);
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        const auto start = static_cast<std::size_t>(offsets[i]);
+        const auto end = static_cast<std::size_t>(offsets[i + 1]);
+        field.pages.push_back({dialogs[i], text.substr(start, end - start), -1});
+        if (dialogs[i] == selected) field.front_page = static_cast<int>(i);
+    }
+}
 
 /// The user's choice of a page is refused while a number is bad.
 void tab_chosen(Widget, XtPointer client, XtPointer call) {
@@ -66,18 +85,6 @@ void bring_to_front(FieldRecord& tab, int page) {
     restack(front);
 }
 
-void create_tab(FieldRecord& field) {
-    field.widget = placed(field.box).create("tab", tabWidgetClass, field.dialog->widget);
-    field.position_widget = field.widget;
-    field.focus_widget = field.widget;
-    std::vector<std::string> labels;
-    for (const TabPage& page : field.pages) labels.push_back(page.label);
-    tab_set_labels(field.widget, wFonts.dialog, std::move(labels));
-    for (TabPage& page : field.pages) page.slot = load_page(field, page.dialog);
-    tab_select(field.widget, field.front_page);
-    XtAddCallback(field.widget, tabNselectCallback, tab_chosen, &field);
-}
-
 void wdialogputtab(int identifier, int dialog) {
     constexpr const char* routine = "WDialogSetTab";
     FieldRecord* field = current_field(identifier, FieldType::Tab, routine);
@@ -94,5 +101,34 @@ void wdialoggettab(int identifier, int& dialog) {
     dialog =
         field->pages.empty() ? 0 : field->pages[static_cast<std::size_t>(field->front_page)].dialog;
 }
+
+namespace {
+
+void create_tab(FieldRecord& field) {
+    field.widget = placed(field.box).create("tab", tabWidgetClass, field.dialog->widget);
+    field.position_widget = field.widget;
+    field.focus_widget = field.widget;
+    std::vector<std::string> labels;
+    for (const TabPage& page : field.pages) labels.push_back(page.label);
+    tab_set_labels(field.widget, wFonts.dialog, std::move(labels));
+    for (TabPage& page : field.pages) page.slot = load_page(field, page.dialog);
+    tab_select(field.widget, field.front_page);
+    XtAddCallback(field.widget, tabNselectCallback, tab_chosen, &field);
+}
+
+DialogRecord* front_page(FieldRecord& field) {
+    if (field.pages.empty()) return nullptr;
+    return loaded_dialog(field.pages[static_cast<std::size_t>(field.front_page)].slot);
+}
+
+}  // namespace
+
+const FieldKind tab_kind{
+    .load = load_pages,
+    .create = create_tab,
+    .fit = place_pages,
+    .page = front_page,
+    .behind = true,
+};
 
 }  // namespace tesserakit

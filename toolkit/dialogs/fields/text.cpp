@@ -2,7 +2,7 @@
 
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/validity.hpp"
 #include "toolkit/dialogs/values.hpp"
@@ -41,6 +41,24 @@ void create_multi_line(FieldRecord& field) {
     field.widget = args.create("text", xmTextWidgetClass, field.position_widget);
     XtManageChild(field.widget);
 }
+
+constexpr char string_keys[] =
+    "Ctrl<Key>x: yyDGKeyTrans(x)\n"
+    "Ctrl<Key>c: yyDGKeyTrans(c)\n"
+    "Ctrl<Key>v: yyDGKeyTrans(v)\n"
+    "Ctrl<Key>a: yyDGKeyTrans(a)\n";
+
+// The cursor and deletion keys keep what Motif gives them with Control held.
+constexpr char control_keys[] =
+    "Ctrl<Key>osfLeft: backward-word()\n"
+    "Ctrl<Key>osfRight: forward-word()\n"
+    "Ctrl<Key>: yyDGKeyTrans(i)\n";
+
+constexpr char multi_line_keys[] =
+    "Ctrl<Key>Return: yyDGKeyTrans(R)\n"
+    "Ctrl<Key>Tab: yyDGKeyTrans(T)\n"
+    "<Btn4Down> : yyDGKeyTrans(4)\n"
+    "<Btn5Down> : yyDGKeyTrans(5)\n";
 
 }  // namespace
 
@@ -90,5 +108,72 @@ void create_text(FieldRecord& field) {
 void forget_typing(const FieldRecord& field) {
     if (bInvalidField && field.dialog->current_field == &field) bInvalidField = false;
 }
+
+std::string typed_text(const FieldRecord& field) {
+    return field.password.empty() ? taken(XmTextGetString(field.widget)) : field.password;
+}
+
+void put_typed_text(FieldRecord& field, const std::string& text) {
+    field.password.clear();
+    XmTextSetString(field.widget, xt_name(text));
+}
+
+void set_text_read_only(FieldRecord& field, bool read_only) {
+    XmTextSetEditable(field.widget, read_only ? False : True);
+}
+
+std::string text_keys(const FieldRecord& field) {
+    std::string keys;
+    if (field.type == FieldType::String && field.has_style(field_style::multi_line))
+        keys += multi_line_keys;
+    keys += string_keys;
+    // A spinner's arrow keys take the big step with Control held.
+    if ((field.third_style & field_style::third_spinner) == 0) keys += control_keys;
+    return keys;
+}
+
+void edit_by_key(FieldRecord& field, char key, bool, const XEvent& event) {
+    const Widget text = field.widget;
+    const Time time = event.xkey.time;
+    switch (key) {
+        case 'x':
+            XmTextCut(text, time);
+            break;
+        case 'c':
+            XmTextCopy(text, time);
+            break;
+        case 'v':
+            XmTextPaste(text);
+            break;
+        case 'a':
+            XmTextSetSelection(text, 0, XmTextGetLastPosition(text), time);
+            break;
+        case 'R':
+        case 'T': {
+            if (!XmTextGetEditable(text)) break;
+            const XmTextPosition at = XmTextGetInsertionPosition(text);
+            XmTextReplace(text, at, at, xt_name(key == 'R' ? "\n" : "\t"));
+            XmTextSetInsertionPosition(text, at + 1);
+            break;
+        }
+        case '4':
+            XmTextScroll(text, -3);
+            break;
+        case '5':
+            XmTextScroll(text, 3);
+            break;
+        default:
+            break;  // other control keys do nothing
+    }
+}
+
+const FieldKind string_kind{
+    .create = create_text,
+    .text = typed_text,
+    .put_text = put_typed_text,
+    .set_read_only = set_text_read_only,
+    .keys = text_keys,
+    .key = edit_by_key,
+};
 
 }  // namespace tesserakit

@@ -9,6 +9,15 @@ namespace tesserakit {
 /// Callback: the user types.
 void typed(Widget, XtPointer client, XtPointer);
 Arguments text_arguments(const FieldRecord& field);
+/// Text and its state, for kinds whose widget is a text.
+std::string typed_text(const FieldRecord& field);
+void put_typed_text(FieldRecord& field, const std::string& text);
+void set_text_read_only(FieldRecord& field, bool read_only);
+/// Makes a text of one or, for strings, several lines.
+void create_text(FieldRecord& field);
+/// The editing keys, and what they do.
+std::string text_keys(const FieldRecord& field);
+void edit_by_key(FieldRecord& field, char key, bool forward, const XEvent& event);
 /// A put into the field that is being typed in takes the place of what was typed.
 void forget_typing(const FieldRecord& field);
 

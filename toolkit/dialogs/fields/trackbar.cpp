@@ -1,5 +1,5 @@
 #include "toolkit/base/errors.hpp"
-#include "toolkit/dialogs/fields/create.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
 #include <Xm/Scale.h>
@@ -22,8 +22,6 @@ TrackRange track_range(const FieldRecord& field) {
     return range;
 }
 
-}  // namespace
-
 void create_trackbar(FieldRecord& field) {
     std::array<int, 8> values{};
     yyrcfieldtrackbar(field.dialog->identifier, field.identifier, values);
@@ -44,6 +42,8 @@ void create_trackbar(FieldRecord& field) {
     XtAddCallback(field.widget, XmNvalueChangedCallback, changed, &field);
     XtAddCallback(field.widget, XmNdragCallback, changed, &field);
 }
+
+}  // namespace
 
 void wdialoggettrackbar(int identifier, int& value) {
     const FieldRecord* field = current_field(identifier, FieldType::Trackbar, "WDialogGetTrackbar");
@@ -73,5 +73,9 @@ void wdialogputtrackbar(int identifier, int value, std::optional<int> minimum,
     XtVaSetValues(field->widget, XmNminimum, range.minimum, XmNmaximum, range.maximum, XmNvalue,
                   range.value, nullptr);
 }
+
+const FieldKind trackbar_kind{
+    .create = create_trackbar,
+};
 
 }  // namespace tesserakit

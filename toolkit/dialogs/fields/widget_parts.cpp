@@ -5,10 +5,12 @@
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/widgets/border.hpp"
 
+#include <Xm/Label.h>
 #include <Xm/Xm.h>
 
 #include <algorithm>
 
+#include "toolkit/base/motif_text.hpp"
 namespace tesserakit {
 namespace {
 
@@ -57,6 +59,16 @@ void load_image(FieldRecord& field) {
         field.image.pixmap = 0;
     else
         shrink_to_fit(field.image, field.box.width, field.box.height);
+}
+
+std::string label_text(const FieldRecord& field) { return field.text; }
+
+void put_label_text(FieldRecord& field, const std::string& text) {
+    field.text = text;
+    // A group without a title label has its frame alone.
+    if (!XmIsLabel(field.widget)) return;
+    const CompoundText label(text);
+    XtVaSetValues(field.widget, XmNlabelString, label.get(), nullptr);
 }
 
 }  // namespace tesserakit

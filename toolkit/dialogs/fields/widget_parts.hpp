@@ -16,6 +16,9 @@ int text_margin(int height, int frame);
 FieldRecord& field_of(XtPointer client);
 /// Callback: the user has changed the field.
 void changed(Widget, XtPointer client, XtPointer);
+/// Text of a field whose widget is a label or button, and a new one.
+std::string label_text(const FieldRecord& field);
+void put_label_text(FieldRecord& field, const std::string& text);
 /// The frame that the style words ask for.
 Widget create_border(FieldRecord& field, bool with_line);
 /// The picture of the field's identifier, shrunk into it; no pixmap where there is none.

@@ -1,0 +1,30 @@
+#include "toolkit/dialogs/fields/field_kind.hpp"
+
+#include "toolkit/base/errors.hpp"
+
+#include <array>
+
+namespace tesserakit {
+namespace {
+
+// By FieldType, from 1. A tree view has the plain selection of a list.
+constexpr std::array kinds{
+    &label_kind,  &picture_kind,  &group_kind, &string_kind,   &number_kind, &number_kind,
+    &number_kind, &button_kind,   &check_kind, &radio_kind,    &combo_kind,  &list_kind,
+    &tab_kind,    &progress_kind, &grid_kind,  &trackbar_kind, &list_kind,
+};
+static_assert(kinds.size() == static_cast<std::size_t>(FieldType::TreeView));
+
+}  // namespace
+
+const FieldKind& kind_of(FieldType type) { return *kinds[static_cast<std::size_t>(type) - 1]; }
+
+FieldRecord* current_field_with(int identifier, bool (*serves)(const FieldKind&),
+                                const char* routine) {
+    FieldRecord* field = current_field(identifier, FieldTypes::all(), routine);
+    if (!field || serves(kind_of(*field))) return field;
+    yyerror(InvalidField, routine, identifier);
+    return nullptr;
+}
+
+}  // namespace tesserakit
