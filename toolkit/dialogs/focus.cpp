@@ -5,6 +5,7 @@
 #include "toolkit/dialogs/focus.hpp"
 
 #include "toolkit/dialogs/keys.hpp"
+#include "toolkit/dialogs/post.hpp"
 #include "toolkit/dialogs/validity.hpp"
 #include "toolkit/dialogs/values.hpp"
 
@@ -33,15 +34,10 @@ void yyDGDefaultButtonMove(FieldRecord& focus) {
 
 void post_move(const FieldRecord* from, const FieldRecord& to) {
     const bool same_dialog = from && from->dialog == to.dialog;
-    yyDGSendTesserakitMessage(&to.dialog->posting,
-                              {.type = FieldChanged,
-                               .value1 = same_dialog ? from->identifier : to.identifier,
-                               .value2 = to.identifier,
-                               .value3 = kind_of(to).has_cells ? 0 : -1,
-                               .value4 = -1,
-                               .x = -1,
-                               .y = -1,
-                               .win = to.dialog->identifier});
+    Mail mail = dialog_mail(FieldChanged, *to.dialog,
+                            same_dialog ? from->identifier : to.identifier, to.identifier);
+    if (kind_of(to).has_cells) mail.value3 = 0;
+    post(*to.dialog, mail);
 }
 
 void enter(FieldRecord& field) {

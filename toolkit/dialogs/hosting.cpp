@@ -137,7 +137,6 @@ void yyDGadopt(int slot, int identifier, Widget widget) {
     field->widget = widget;
     field->position_widget = widget;
     field->user_drawn = true;
-    dialog->fields_user_drawn = true;
     dialog->user_drawn = true;
     apply_message_mask(widget);
 }

@@ -141,8 +141,6 @@ bool load_records(DialogRecord& dialog, int identifier) {
                    dialog.resize_field, count, dialog.title);
     dialog.width = pixels_across(dialog.width);
     dialog.height = pixels_down(dialog.height);
-    dialog.original_width = dialog.width;
-    dialog.original_height = dialog.height;
     const FieldColumns columns = load_columns(identifier, count);
     dialog.fields.reserve(size_of(count));
     for (std::size_t i = 0; i < size_of(count); ++i)

@@ -20,26 +20,28 @@ int focused_identifier(const DialogRecord& dialog, int otherwise) {
 
 }  // namespace
 
+Mail dialog_mail(int type, const DialogRecord& dialog, int value1, int value2) {
+    return {.type = type,
+            .value1 = value1,
+            .value2 = value2,
+            .value3 = -1,
+            .value4 = -1,
+            .x = -1,
+            .y = -1,
+            .win = dialog.identifier};
+}
+
+void post(DialogRecord& dialog, const Mail& mail) {
+    yyDGSendTesserakitMessage(&dialog.posting, mail);
+}
+
 void post_changed(FieldRecord& field) {
-    yyDGSendTesserakitMessage(&field.dialog->posting, {.type = FieldChanged,
-                                                       .value1 = field.identifier,
-                                                       .value2 = field.identifier,
-                                                       .value3 = -1,
-                                                       .value4 = -1,
-                                                       .x = -1,
-                                                       .y = -1,
-                                                       .win = field.dialog->identifier});
+    post(*field.dialog,
+         dialog_mail(FieldChanged, *field.dialog, field.identifier, field.identifier));
 }
 
 void yyDGFieldButtonMessage(DialogRecord& dialog, int button, int field) {
-    yyDGSendTesserakitMessage(&dialog.posting, {.type = PushButton,
-                                                .value1 = button,
-                                                .value2 = field,
-                                                .value3 = -1,
-                                                .value4 = -1,
-                                                .x = -1,
-                                                .y = -1,
-                                                .win = dialog.identifier});
+    post(dialog, dialog_mail(PushButton, dialog, button, field));
     if (bInvalidField && button != invalid_field_help_button) return;
     state.last_exit_dialog = dialog.identifier;
     DialogRecord& outer = outermost(dialog);

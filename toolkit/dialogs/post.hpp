@@ -5,6 +5,9 @@
 
 namespace tesserakit {
 
+/// A message of a dialog, its other words -1.
+Mail dialog_mail(int type, const DialogRecord& dialog, int value1, int value2);
+void post(DialogRecord& dialog, const Mail& mail);
 /// FieldChanged with the field itself.
 void post_changed(FieldRecord& field);
 /// A button was pressed: PushButton, and the end of a modal dialog.

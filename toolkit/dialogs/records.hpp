@@ -98,8 +98,6 @@ struct DialogRecord {
     int show_mode = -1;       ///< -1 hidden, else a DialogMode
     int width = 0;
     int height = 0;
-    int original_width = 0;
-    int original_height = 0;
     int style = 0;
     int flags = 0;
     int resize_field = 0;  ///< identifier, 0 for a dialog of fixed size
@@ -110,7 +108,6 @@ struct DialogRecord {
     FieldRecord* default_button = nullptr;
     FieldRecord* framed_button = nullptr;  ///< shows the frame of the default button now
     bool user_drawn = false;
-    bool fields_user_drawn = false;
     PostingState posting;
     int window = -1;             ///< window slot that it fills
     FieldRecord* tab = nullptr;  ///< field of another dialog whose page it is

@@ -50,7 +50,6 @@ std::optional<std::string> put_number(NumericField& field, double value, std::st
     if (value == 0) field.last_valid = number_of(field.type, text).value_or(value);
     field.defined = true;
     field.text_changed = false;
-    field.user_typed = false;
     return text;
 }
 
@@ -78,7 +77,6 @@ std::optional<double> current_value(const NumericField& field, std::string_view 
 
 std::string yyDGFieldRevertToValid(NumericField& field) {
     field.text_changed = false;
-    field.user_typed = false;
     if (!field.defined) return {};
     return number_text(field.type, field.last_valid, field.format);
 }

@@ -24,7 +24,6 @@ struct NumericField {
     double last_valid = 0.0;  ///< a Real's is exactly a 32-bit value
     bool text_changed = false;
     bool defined = false;     ///< has held a value; last_valid means nothing before
-    bool user_typed = false;  ///< the text comes from the user, not from a put
     std::string format;       ///< such as "(f7.2)"; empty: cNumDefFormat
 
     bool has_range() const { return low < high; }

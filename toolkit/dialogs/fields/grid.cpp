@@ -5,6 +5,7 @@
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/load.hpp"
+#include "toolkit/dialogs/post.hpp"
 
 #include <Xm/ScrolledW.h>
 
@@ -18,15 +19,11 @@ int packed_cell(int column, int row) { return ((row + 1) << 18) | (column + 1); 
 void grid_changed(Widget, XtPointer client, XtPointer call) {
     const FieldRecord& field = field_of(client);
     const auto& change = *static_cast<GridChange*>(call);
-    yyDGSendTesserakitMessage(&field.dialog->posting,
-                              {.type = FieldChanged,
-                               .value1 = field.identifier,
-                               .value2 = field.identifier,
-                               .value3 = change.edited ? -1 : 0,
-                               .value4 = -1,
-                               .x = packed_cell(change.from_column, change.from_row),
-                               .y = packed_cell(change.to_column, change.to_row),
-                               .win = field.dialog->identifier});
+    Mail mail = dialog_mail(FieldChanged, *field.dialog, field.identifier, field.identifier);
+    if (!change.edited) mail.value3 = 0;
+    mail.x = packed_cell(change.from_column, change.from_row);
+    mail.y = packed_cell(change.to_column, change.to_row);
+    post(*field.dialog, mail);
 }
 
 struct GridSetup {

@@ -7,6 +7,7 @@
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/load.hpp"
+#include "toolkit/dialogs/post.hpp"
 #include "toolkit/widgets/placement.hpp"
 #include "toolkit/widgets/tab.hpp"
 
@@ -43,13 +44,8 @@ void tab_chosen(Widget, XtPointer client, XtPointer call) {
     choice.allow = commit_typing();
     if (!choice.allow) return;
     bring_to_front(field, choice.tab);
-    yyDGSendTesserakitMessage(&field.dialog->posting,
-                              {.type = TabChanged,
-                               .value1 = field.identifier,
-                               .value2 = field.pages[static_cast<std::size_t>(choice.tab)].dialog,
-                               .value3 = -1,
-                               .value4 = -1,
-                               .win = field.dialog->identifier});
+    const int page = field.pages[static_cast<std::size_t>(choice.tab)].dialog;
+    post(*field.dialog, dialog_mail(TabChanged, *field.dialog, field.identifier, page));
 }
 
 }  // namespace

@@ -66,7 +66,6 @@ void typed(Widget, XtPointer client, XtPointer) {
     FieldRecord& field = field_of(client);
     if (!field.numeric || field.dialog->posting.suppression > 0) return;
     field.numeric->text_changed = true;
-    field.numeric->user_typed = true;
 }
 
 Arguments text_arguments(const FieldRecord& field) {
