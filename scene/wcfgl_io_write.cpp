@@ -4,6 +4,7 @@
 #include "common/list_write.hpp"
 #include "common/number_field.hpp"
 #include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "crystal/group_symbol.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
 #include "scene/wcfgl_display.hpp"
@@ -19,6 +20,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -31,6 +33,8 @@ constinit int err_flag = 0;
 constinit FixedText<80> err_mess;
 
 namespace {
+
+using crystallographic_symmetry::Space_Group_Type;
 
 // ---- the text -----------------------------------------------------------------------------------
 
@@ -89,6 +93,29 @@ std::string settled_view_line(const Quaternion& quaternion) {
     return line;
 }
 
+/// Whether the reader makes this group of the text. One symbol can stand for several settings.
+bool tells(std::string_view symbol, const Space_Group_Type& group) {
+    if (symbol.empty()) return false;
+    const auto read = std::make_unique<Space_Group_Type>();
+    crystallographic_symmetry::set_spacegroup(group_symbol::table_text(symbol), *read);
+    return !crystallographic_symmetry::err_symm &&
+           crystallographic_symmetry::spgr_equal(*read, group);
+}
+
+/// By the symbol that people know it by, else by its Hall symbol, else by generators.
+void append_group(std::string& out, const Space_Group_Type& group) {
+    for (const std::string& symbol :
+         {group_symbol::shown(group), std::string(group.hall.trimmed())}) {
+        if (!tells(symbol, group)) continue;
+        out += "SPACEG ";
+        out += FixedText<20>(symbol).field();
+        out += '\n';
+        return;
+    }
+    for (const std::string& triplet : group_symbol::generators(group))
+        out.append("GENR ").append(triplet) += '\n';
+}
+
 std::string model_text(const Quaternion& quaternion) {
     std::string out = "BKG";
     append_fixed(out, wcfgl_display::background_colour, 7, 3);
@@ -100,11 +127,7 @@ std::string model_text(const Quaternion& quaternion) {
         out += '\n';
     }
     out += settled_view_line(quaternion);
-    if (wcfgl_metrix::current_space_group) {
-        out += "SPACEG ";
-        out += wcfgl_metrix::current_space_group->spg_symb.field();
-        out += '\n';
-    }
+    if (wcfgl_metrix::current_space_group) append_group(out, *wcfgl_metrix::current_space_group);
     wcfgl_atom_tree::write_atom_list(out);
     wcfgl_bond_tree::write_bond_list(out);
     wcfgl_matom_tree::write_magnetic_structure(out);

@@ -172,18 +172,44 @@ TEST(RoundTrip, KeepsAtomsBondsGroupBoxCellAndView) {
 
 TEST(RoundTrip, LosesWhatTheFormatDoesNotCarry) {
     read_text(
-        "GENR -x,-y,-z\nCELL 5 6 7 90 90 90 COLOR 1 0 0 1\n"
+        "CELL 5 6 7 90 90 90 COLOR 1 0 0 1\n"
         "{\nK .5 0 0\nSYMM x,y,z\nMSYM u,v,w,0\nMATOM Fe1 FE 0 0 0 NODISPLAY\n"
         "SKP 1 1 1 0 0 0 0 0 0\n}\n");
     EXPECT_EQ(wcfgl_metrix::current_cell->colour, (Colour{0.5f, 0.5f, 0.5f, 1.0f}));
-    EXPECT_EQ(wcfgl_metrix::current_space_group->multip, 2);
     wcfgl_matom_tree::change_matoms_plotting_status(1);
     const std::string text = written({1, 0, 0, 0});
     EXPECT_NE(text.find("SCALE  1.00       NODISPLAY"), std::string::npos);
     read_text(text);
-    EXPECT_EQ(wcfgl_metrix::current_space_group->multip, 1) << "generators aren't written";
     EXPECT_EQ(written({1, 0, 0, 0}).find("NODISPLAY"), std::string::npos)
         << "a hidden magnetic atom comes back shown";
+}
+
+/// By the symbol where that tells the group, by its Hall symbol where the symbol means another
+/// setting or there is none, by generators where there is neither. The orders are those of the
+/// groups.
+TEST(RoundTrip, KeepsTheGroupHoweverItWasTold) {
+    const auto group_lines = [](const std::string& text) {
+        std::string lines;
+        std::istringstream in(text);
+        for (std::string line; std::getline(in, line);)
+            if (line.starts_with("SPACEG") || line.starts_with("GENR"))
+                lines += line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
+        return lines;
+    };
+    const auto saved = [&](const std::string& told, int order) {
+        const std::string first = written(read_text(told));
+        EXPECT_EQ(wcfgl_metrix::current_space_group->multip, order) << told;
+        EXPECT_EQ(written(read_text(first)), first);
+        EXPECT_EQ(wcfgl_metrix::current_space_group->multip, order) << first;
+        EXPECT_EQ(first.find("unknown"), std::string::npos);
+        return group_lines(first);
+    };
+    EXPECT_EQ(saved("SPACEG Pnma\n", 8), "SPACEG P N M A\n");
+    EXPECT_EQ(saved("GENR -x,-y,-z\n", 2), "GENR -x,-y,-z\n");
+    EXPECT_EQ(saved("SPACEG F 4d 2 3 -1d\n", 192), "SPACEG F D -3 M:1\n");
+    // P 21 with its axis off the origin has no row of its own.
+    EXPECT_EQ(saved("SPACEG P 2yb (0 0 1)\n", 2).substr(0, 7), "SPACEG ");
+    EXPECT_EQ(saved("SPACEG R -3 m:R\n", 12), "SPACEG R -3 M:R\n");
 }
 
 TEST(RoundTrip, FieldsThatWouldTouchReadBack) {

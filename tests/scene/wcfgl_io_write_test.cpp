@@ -46,7 +46,8 @@ TEST(WriteFile, EveryLineHasItsWidths) {
     wcfgl_metrix::define_cell({5.43f, 5.43f, 11.00004f}, {90, 90, 120});
     wcfgl_metrix::current_cell->nodisplay = 1;
     wcfgl_metrix::current_box = {-0.1f, 1.1f, -100.5f, 0.0f, -1000.0f, 1e30f};
-    wcfgl_metrix::current_space_group.emplace().spg_symb = "F m -3 m";
+    crystallographic_symmetry::set_spacegroup("F m -3 m",
+                                              wcfgl_metrix::current_space_group.emplace());
     scene_calls::atom_text = "<atoms>\n";
     scene_calls::bond_text = "<bonds>\n";
     scene_calls::magnetic_text = "<block>\n";
@@ -57,7 +58,7 @@ TEST(WriteFile, EveryLineHasItsWidths) {
               " COLOR  0.500  0.500  0.500  1.000          NODISPLAY\n"
               "BOX  -0.100   1.100 -100.500   0.000 ******** ********\n"
               "ROTAX    60.000  0.00000  1.00000  0.00000\n"
-              "SPACEG F m -3 m            \n"
+              "SPACEG F M -3 M            \n"
               "<atoms>\n<bonds>\n<block>\n");
     wcfgl_metrix::current_cell->nodisplay = 0;
     wcfgl_metrix::current_cell->multiple = 1;
