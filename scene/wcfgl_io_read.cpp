@@ -48,10 +48,52 @@ constexpr std::size_t max_components = 24;  ///< of one magnetic atom
 
 constexpr float view_tolerance = 1e-5f;
 
+// ---- keywords -----------------------------------------------------------------------------------
+
+/// A keyword acts wherever its letters stand, also inside a longer word: MATOM is an ATOM outside
+/// the block, SPACEGROUP is SPACEG and GROUP, a label that holds BOX, CELL, BOND, CONN, COLOR or
+/// SCALE is that keyword, and the last letter of any word that ends in K is a vector inside the
+/// block.
+namespace keyword {
+
+// Of any line, in the order in which they act.
+constexpr std::string_view group = "GROUP";
+constexpr std::string_view colour = "COLOR";
+constexpr std::string_view radius = "RADIUS";
+constexpr std::string_view scale = "SCALE";  // inside the block
+constexpr std::string_view view = "VIEW";
+constexpr std::string_view rotxyz = "ROTXYZ";
+constexpr std::string_view rotax = "ROTAX";
+constexpr std::string_view spher = "SPHER";
+constexpr std::string_view spaceg = "SPACEG";
+constexpr std::string_view generator = "GENR";
+constexpr std::string_view open = "{";
+constexpr std::string_view close = "}";
+constexpr std::string_view box = "BOX";
+constexpr std::string_view cell = "CELL";
+constexpr std::string_view atom = "ATOM";  // outside the block
+constexpr std::string_view bond = "BOND";
+constexpr std::string_view connection = "CONN";
+
+// Inside the block, behind those above.
+constexpr std::string_view lattice = "LATTICE";
+constexpr std::string_view vector = "K ";       // with a blank, to begin a run
+constexpr std::string_view more_vectors = "K";  // without one, to go on with it
+constexpr std::string_view symmetry = "SYMM";
+constexpr std::string_view magnetic_operator = "MSYM";
+constexpr std::string_view magnetic_atom = "MATOM";
+constexpr std::string_view component = "SKP";
+
+// Flags of their line.
+constexpr std::string_view hidden = "NODISPLAY";
+constexpr std::string_view multiple = "MULTIPLE";
+
+}  // namespace keyword
+
 // ---- lines --------------------------------------------------------------------------------------
 
 /// One line, cut at its width, without trailing blanks but with one blank behind its last
-/// character, which lets "K " match at its end. Tabs have become blanks.
+/// character, which lets keyword::vector match at its end. Tabs have become blanks.
 struct Line {
     std::string_view text;   ///< as it stands
     std::string_view upper;  ///< in capitals: what keywords are looked for in
@@ -180,10 +222,10 @@ void read_view(const Line& line, Quaternion& quaternion) {
         const auto operands = line.behind(keyword);
         return operands && read_reals(*operands, std::span(v).first(count));
     };
-    if (read("VIEW", 3)) show(view_along({v[0], v[1], v[2]}));
-    if (read("ROTXYZ", 3)) show(view_by_angles({v[0], v[1], v[2]}));
-    if (read("ROTAX", 4)) show(wcfgl_quaternion::q_from_rot(v[0], {v[1], v[2], v[3]}));
-    if (read("SPHER", 2)) show(view_from_sphere(v[0], v[1]));
+    if (read(keyword::view, 3)) show(view_along({v[0], v[1], v[2]}));
+    if (read(keyword::rotxyz, 3)) show(view_by_angles({v[0], v[1], v[2]}));
+    if (read(keyword::rotax, 4)) show(wcfgl_quaternion::q_from_rot(v[0], {v[1], v[2], v[3]}));
+    if (read(keyword::spher, 2)) show(view_from_sphere(v[0], v[1]));
 }
 
 // ---- one pass -----------------------------------------------------------------------------------
@@ -238,7 +280,7 @@ public:
     /// Over the file loaded last.
     void run(Quaternion* quaternion) {
         source_.start(file_);
-        at_ = {};
+        seen_ = {};
         for (Line line; source_.next(line);)
             if (!line.is_comment()) read_line(line, quaternion);
     }
@@ -262,8 +304,8 @@ private:
     void define_phase();
 
     std::optional<Colour> own_colour(const Line& line) const {
-        if (!line.has("COLOR")) return std::nullopt;
-        return at_.colour;
+        if (!line.has(keyword::colour)) return std::nullopt;
+        return seen_.colour;
     }
 
     /// Hands the lines that follow to `take` as long as it returns true.
@@ -277,55 +319,55 @@ private:
         }
     }
 
-    Progress at_;
+    Progress seen_;
     Tables tables_;
     std::string file_;
     LineSource source_;
 };
 
-int hidden(const Line& line) { return line.has("NODISPLAY") ? 1 : 0; }
+int hidden(const Line& line) { return line.has(keyword::hidden) ? 1 : 0; }
 
 void Reader::read_line(const Line& line, Quaternion* quaternion) {
     read_buffers(line);
     if (quaternion != nullptr) read_view(line, *quaternion);
-    if (const auto text = line.behind("SPACEG"))
+    if (const auto text = line.behind(keyword::spaceg))
         wcfgl_metrix::define_spacegroup(rest_of(*text).trimmed());
-    if (const auto text = line.behind("GENR"); text && at_.first_generators) {
+    if (const auto text = line.behind(keyword::generator); text && seen_.first_generators) {
         read_generators(*text);
         return;
     }
-    if (line.has("{")) at_.in_block = true;
-    if (line.has("}")) {
-        at_.in_block = false;
-        at_.k_count = at_.symmetry_count = at_.magnetic_count = 0;
+    if (line.has(keyword::open)) seen_.in_block = true;
+    if (line.has(keyword::close)) {
+        seen_.in_block = false;
+        seen_.k_count = seen_.symmetry_count = seen_.magnetic_count = 0;
     }
     // BKG has no effect: the background is the user's, and no file changes it.
-    if (const auto operands = line.behind("BOX")) read_box(*operands);
-    if (const auto operands = line.behind("CELL")) read_cell(line, *operands);
-    if (const auto operands = line.behind("ATOM"); operands && !at_.in_block)
+    if (const auto operands = line.behind(keyword::box)) read_box(*operands);
+    if (const auto operands = line.behind(keyword::cell)) read_cell(line, *operands);
+    if (const auto operands = line.behind(keyword::atom); operands && !seen_.in_block)
         read_atom(line, *operands);
-    if (const auto operands = line.behind("BOND")) read_bond(line, *operands);
-    if (const auto operands = line.behind("CONN")) read_connection(line, *operands);
-    if (at_.in_block) read_block_line(line);
+    if (const auto operands = line.behind(keyword::bond)) read_bond(line, *operands);
+    if (const auto operands = line.behind(keyword::connection)) read_connection(line, *operands);
+    if (seen_.in_block) read_block_line(line);
 }
 
 void Reader::read_buffers(const Line& line) {
-    if (line.has("GROUP")) at_.group = 1;
-    if (const auto operands = line.behind("COLOR")) read_reals(*operands, at_.colour);
-    if (const auto operands = line.behind("RADIUS")) Record(*operands).read(at_.radius);
-    if (const auto operands = line.behind("SCALE"); operands && at_.in_block)
-        Record(*operands).read(at_.scale);
+    if (line.has(keyword::group)) seen_.group = 1;
+    if (const auto operands = line.behind(keyword::colour)) read_reals(*operands, seen_.colour);
+    if (const auto operands = line.behind(keyword::radius)) Record(*operands).read(seen_.radius);
+    if (const auto operands = line.behind(keyword::scale); operands && seen_.in_block)
+        Record(*operands).read(seen_.scale);
 }
 
 void Reader::read_generators(std::string_view first) {
-    at_.first_generators = false;
+    seen_.first_generators = false;
     std::size_t count = 0;
     const auto store = [this, &count](std::string_view operands) {
         if (count < max_generators) tables_.generators[count++] = rest_of(operands);
     };
     store(first);
     while_taken([&store](const Line& line) {
-        const auto operands = line.behind("GENR");
+        const auto operands = line.behind(keyword::generator);
         if (operands) store(*operands);
         return operands.has_value();
     });
@@ -355,95 +397,98 @@ void Reader::read_cell(const Line& line, std::string_view operands) {
     wcfgl_metrix::define_cell({cell[0], cell[1], cell[2]}, {cell[3], cell[4], cell[5]});
     if (!wcfgl_metrix::current_cell) return;
     wcfgl_metrix::current_cell->nodisplay = hidden(line);
-    wcfgl_metrix::current_cell->multiple = line.has("MULTIPLE") ? 1 : 0;
+    wcfgl_metrix::current_cell->multiple = line.has(keyword::multiple) ? 1 : 0;
 }
 
 void Reader::read_atom(const Line& line, std::string_view operands) {
     Record record(operands);
-    if (!(record.read(at_.label) && record.read(at_.symbol) && read_position(record, at_.xf)))
+    if (!(record.read(seen_.label) && record.read(seen_.symbol) && read_position(record, seen_.xf)))
         return;
-    if (!line.has("RADIUS")) at_.radius = wcfgl_atomic_table::get_radius_from_symbol(at_.symbol);
-    wcfgl_atom_tree::push_atom({.label = at_.label,
-                                .symbol = at_.symbol,
-                                .xf = at_.xf,
-                                .radius = at_.radius,
+    if (!line.has(keyword::radius))
+        seen_.radius = wcfgl_atomic_table::get_radius_from_symbol(seen_.symbol);
+    wcfgl_atom_tree::push_atom({.label = seen_.label,
+                                .symbol = seen_.symbol,
+                                .xf = seen_.xf,
+                                .radius = seen_.radius,
                                 .nodisplay = hidden(line),
                                 .colour = own_colour(line)});
 }
 
 void Reader::read_bond(const Line& line, std::string_view operands) {
     Record record(operands);
-    if (!(record.read(at_.label) && record.read(at_.label2) && record.read(at_.min_distance) &&
-          record.read(at_.max_distance)))
+    if (!(record.read(seen_.label) && record.read(seen_.label2) &&
+          record.read(seen_.min_distance) && record.read(seen_.max_distance)))
         return;
-    if (!line.has("RADIUS")) at_.radius = 1.0f;
-    wcfgl_bond_tree::push_bond_by_label(at_.label, at_.label2, at_.min_distance, at_.max_distance,
-                                        at_.radius, hidden(line), own_colour(line));
+    if (!line.has(keyword::radius)) seen_.radius = 1.0f;
+    wcfgl_bond_tree::push_bond_by_label(seen_.label, seen_.label2, seen_.min_distance,
+                                        seen_.max_distance, seen_.radius, hidden(line),
+                                        own_colour(line));
 }
 
 void Reader::read_connection(const Line& line, std::string_view operands) {
     Record record(operands);
-    if (!(record.read(at_.symbol) && record.read(at_.symbol2) && record.read(at_.min_distance) &&
-          record.read(at_.max_distance)))
+    if (!(record.read(seen_.symbol) && record.read(seen_.symbol2) &&
+          record.read(seen_.min_distance) && record.read(seen_.max_distance)))
         return;
-    if (!line.has("RADIUS")) at_.radius = 1.0f;
-    wcfgl_bond_tree::push_bond_by_symbol(at_.symbol, at_.symbol2, at_.min_distance,
-                                         at_.max_distance, at_.radius, hidden(line),
+    if (!line.has(keyword::radius)) seen_.radius = 1.0f;
+    wcfgl_bond_tree::push_bond_by_symbol(seen_.symbol, seen_.symbol2, seen_.min_distance,
+                                         seen_.max_distance, seen_.radius, hidden(line),
                                          own_colour(line));
 }
 
 // ---- the magnetic block -------------------------------------------------------------------------
 
 void Reader::read_block_line(const Line& line) {
-    if (const auto operands = line.behind("LATTICE")) Record(*operands).read(at_.lattice);
+    if (const auto operands = line.behind(keyword::lattice)) Record(*operands).read(seen_.lattice);
     // This takes an atom of potassium for a vector, and the line is lost as an atom.
-    if (const auto text = line.from("K ")) {
+    if (const auto text = line.from(keyword::vector)) {
         read_k_group(text->substr(1));
         return;
     }
-    if (const auto operands = line.behind("SYMM")) read_symmetry(*operands);
-    if (const auto text = line.from("MSYM"); text && at_.msym_allowed) {
+    if (const auto operands = line.behind(keyword::symmetry)) read_symmetry(*operands);
+    if (const auto text = line.from(keyword::magnetic_operator); text && seen_.msym_allowed) {
         read_magnetic_operators(*text);
         return;
     }
-    if (const auto operands = line.behind("MATOM")) read_magnetic_atom(line, *operands);
-    if (const auto operands = line.behind("SKP"); operands && at_.moments_pending)
+    if (const auto operands = line.behind(keyword::magnetic_atom))
+        read_magnetic_atom(line, *operands);
+    if (const auto operands = line.behind(keyword::component); operands && seen_.moments_pending)
         read_components(*operands);
 }
 
 void Reader::read_k_group(std::string_view operands) {
     const auto store = [this](std::string_view text) {
-        read_reals(text, at_.k.c);
-        if (at_.k_count < max_k_vectors) tables_.k[at_.k_count++] = at_.k;
+        read_reals(text, seen_.k.c);
+        if (seen_.k_count < max_k_vectors) tables_.k[seen_.k_count++] = seen_.k;
     };
     store(operands);
     // The group goes on while a line holds the letter, in whatever word.
     while_taken([&store](const Line& line) {
-        const auto text = line.behind("K");
+        const auto text = line.behind(keyword::more_vectors);
         if (text) store(*text);
         return text.has_value();
     });
 }
 
 void Reader::read_symmetry(std::string_view operands) {
-    at_.msym_allowed = at_.symmetry_count < max_symmetry;
-    if (!at_.msym_allowed) return;
-    tables_.symmetry[at_.symmetry_count] = rest_of(operands);
-    tables_.magnetic[at_.symmetry_count].fill({});
-    ++at_.symmetry_count;
-    at_.magnetic_count = 0;
+    seen_.msym_allowed = seen_.symmetry_count < max_symmetry;
+    if (!seen_.msym_allowed) return;
+    tables_.symmetry[seen_.symmetry_count] = rest_of(operands);
+    tables_.magnetic[seen_.symmetry_count].fill({});
+    ++seen_.symmetry_count;
+    seen_.magnetic_count = 0;
 }
 
 /// Operators before any SYMM belong to nothing and are dropped.
 void Reader::read_magnetic_operators(std::string_view first) {
-    at_.msym_allowed = false;
+    seen_.msym_allowed = false;
     const auto store = [this](std::string_view text) {
-        if (at_.symmetry_count == 0 || at_.magnetic_count == max_magnetic_operators) return;
-        tables_.magnetic[at_.symmetry_count - 1][at_.magnetic_count++] = text;
+        if (seen_.symmetry_count == 0 || seen_.magnetic_count == max_magnetic_operators) return;
+        tables_.magnetic[seen_.symmetry_count - 1][seen_.magnetic_count++] = text;
     };
     store(first);
     while_taken([&store](const Line& line) {
-        const auto text = line.from("MSYM");
+        const auto text = line.from(keyword::magnetic_operator);
         if (text) store(*text);
         return text.has_value();
     });
@@ -451,59 +496,61 @@ void Reader::read_magnetic_operators(std::string_view first) {
 
 /// The number of operator sets is that of the last symmetry operator.
 void Reader::define_phase() {
-    at_.phase_defined = true;
+    seen_.phase_defined = true;
     tables_.magnetic_rows.clear();
-    for (std::size_t s = 0; s < at_.symmetry_count; ++s) {
-        const auto row = std::span(tables_.magnetic[s]).first(at_.magnetic_count);
+    for (std::size_t s = 0; s < seen_.symmetry_count; ++s) {
+        const auto row = std::span(tables_.magnetic[s]).first(seen_.magnetic_count);
         tables_.magnetic_rows.insert(tables_.magnetic_rows.end(), row.begin(), row.end());
     }
-    wcfgl_matom_tree::define_magnetic_phase(at_.lattice[0], std::span(tables_.k).first(at_.k_count),
-                                            std::span(tables_.symmetry).first(at_.symmetry_count),
-                                            tables_.magnetic_rows, at_.magnetic_count);
+    wcfgl_matom_tree::define_magnetic_phase(seen_.lattice[0],
+                                            std::span(tables_.k).first(seen_.k_count),
+                                            std::span(tables_.symmetry).first(seen_.symmetry_count),
+                                            tables_.magnetic_rows, seen_.magnetic_count);
 }
 
 void Reader::read_magnetic_atom(const Line& line, std::string_view operands) {
-    if (!at_.phase_defined) define_phase();
+    if (!seen_.phase_defined) define_phase();
     Record record(operands);
-    at_.moments_pending = record.read(at_.magnetic_label) && record.read(at_.magnetic_symbol) &&
-                          read_position(record, at_.magnetic_xf);
-    at_.component_count = 0;
-    if (!line.has("COLOR"))
-        at_.colour = wcfgl_atomic_table::get_color_from_symbol(at_.magnetic_symbol);
+    seen_.moments_pending = record.read(seen_.magnetic_label) &&
+                            record.read(seen_.magnetic_symbol) &&
+                            read_position(record, seen_.magnetic_xf);
+    seen_.component_count = 0;
+    if (!line.has(keyword::colour))
+        seen_.colour = wcfgl_atomic_table::get_color_from_symbol(seen_.magnetic_symbol);
 }
 
 void Reader::store_component(std::string_view operands) {
     std::array<float, 7> values{};
     for (std::size_t i = 0; i < 3; ++i) {
-        values[i] = at_.component.skp[i].real();
-        values[i + 3] = at_.component.skp[i].imag();
+        values[i] = seen_.component.skp[i].real();
+        values[i + 3] = seen_.component.skp[i].imag();
     }
-    values[6] = at_.component.phase;
+    values[6] = seen_.component.phase;
     Record record(operands);
-    if (record.read(at_.component.k_index) && record.read(at_.component.msym_index))
+    if (record.read(seen_.component.k_index) && record.read(seen_.component.msym_index))
         record.read(values);
-    for (std::size_t i = 0; i < 3; ++i) at_.component.skp[i] = {values[i], values[i + 3]};
-    at_.component.phase = values[6];
-    at_.component.colour = at_.colour;
-    if (at_.component_count < max_components)
-        tables_.components[at_.component_count++] = at_.component;
+    for (std::size_t i = 0; i < 3; ++i) seen_.component.skp[i] = {values[i], values[i + 3]};
+    seen_.component.phase = values[6];
+    seen_.component.colour = seen_.colour;
+    if (seen_.component_count < max_components)
+        tables_.components[seen_.component_count++] = seen_.component;
 }
 
 /// The atom is pushed shown, even if its line said NODISPLAY.
 void Reader::read_components(std::string_view first) {
     store_component(first);
     while_taken([this](const Line& line) {
-        if (const auto operands = line.behind("COLOR")) read_reals(*operands, at_.colour);
-        const auto operands = line.behind("SKP");
+        if (const auto operands = line.behind(keyword::colour)) read_reals(*operands, seen_.colour);
+        const auto operands = line.behind(keyword::component);
         if (operands) store_component(*operands);
         return operands.has_value();
     });
-    at_.moments_pending = false;
-    wcfgl_matom_tree::push_matom(at_.magnetic_label, at_.magnetic_symbol, at_.magnetic_xf,
-                                 std::span(tables_.components).first(at_.component_count),
-                                 at_.scale, 0, at_.group);
-    at_.group = 0;
-    at_.scale = 1.0f;
+    seen_.moments_pending = false;
+    wcfgl_matom_tree::push_matom(seen_.magnetic_label, seen_.magnetic_symbol, seen_.magnetic_xf,
+                                 std::span(tables_.components).first(seen_.component_count),
+                                 seen_.scale, 0, seen_.group);
+    seen_.group = 0;
+    seen_.scale = 1.0f;
 }
 
 }  // namespace
