@@ -286,6 +286,13 @@ TEST(ReadFile, AFileWithoutAtomsGivesAnEmptySceneInTheOldBox) {
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 62);
 }
 
+TEST(ReadFile, ARefusedCellStillMakesTheBox) {
+    wcfgl_metrix::current_box.reset();
+    wcfgl_metrix::define_cell({1, 1, -1}, {90, 90, 90});
+    EXPECT_FALSE(wcfgl_metrix::current_cell);
+    EXPECT_TRUE(wcfgl_metrix::current_box);
+}
+
 TEST(ReadFile, AMissingFileLeavesAllButTheGroup) {
     read_text("SPACEG P -1\nATOM A H .1 .2 .3\n");
     read("/nonexistent/a.gwr");

@@ -190,6 +190,19 @@ TEST(ReadFile, BondsByLabelAndBySymbol) {
                             "push_bond_by_symbol Ir Ox 0 3 r=1 hidden=0 colour=none"));
 }
 
+TEST(ReadFile, OfOneLineBondsByLabelComeBeforeThoseBySymbol) {
+    EXPECT_THAT(calls_of("CONN H H 0 2 BOND A B 0 1\n", {"push_bond"}),
+                ElementsAre("push_bond_by_label A B 0 1 r=1 hidden=0 colour=none",
+                            "push_bond_by_symbol H H 0 2 r=1 hidden=0 colour=none"));
+}
+
+TEST(ReadFile, ARadiusBeforeABondIsNotTheBonds) {
+    EXPECT_THAT(
+        calls_of("ATOM A H 0 0 0 RADIUS 2\nBOND A A 0 1\nRADIUS 3\nCONN H H 0 1\n", {"push_bond"}),
+        ElementsAre("push_bond_by_label A A 0 1 r=1 hidden=0 colour=none",
+                    "push_bond_by_symbol H H 0 1 r=1 hidden=0 colour=none"));
+}
+
 TEST(ReadFile, GeneratorsCountOnceAndReplaceTheSymbolOfTheirLine) {
     EXPECT_THAT(calls_of("SPACEG P m GENR -x,-y,-z\ngenr  x,-y,z \nATOM A H 0 0 0\n"
                          "GENR y,x,z\nSPACEG P 2\n",
@@ -254,6 +267,17 @@ TEST(ReadView, LinesWithoutADirectionOrUnreadableOnesKeepTheView) {
     expect_near(view_of("ROTAX 90 0 0 0\n"), {1, 0, 0, 0});
 }
 
+TEST(ReadView, DirectionsBelowTheToleranceKeepTheView) {
+    const std::string before = "ROTAX 90 1 0 0\n";
+    expect_near(view_of(before + "VIEW 9e-6 0 0\n"), {half, half, 0, 0});
+    expect_near(view_of(before + "VIEW 2e-5 0 0\n"), {half, 0, half, 0});
+    expect_near(view_of(before + "VIEW 9e-6 0 1\n"), {half, half, 0, 0});
+    expect_near(view_of(before + "VIEW 2e-5 0 1\n"), {1, 0, 0, 0});
+    // The sine of theta counts: 8.7e-6 and 1.7e-5.
+    expect_near(view_of(before + "SPHER 0.0005 0\n"), {half, half, 0, 0});
+    expect_near(view_of(before + "SPHER 0.001 0\n"), {1, 0, 8.7266e-6f, 0});
+}
+
 TEST(ReadView, LaterKeywordsOfALineAndLaterLinesWin) {
     expect_near(view_of("SPHER 0 0 ROTAX 90 0 0 1 VIEW 1 0 0\n"), {half, 0, 0, half});
     expect_near(view_of("ROTAX 90 0 0 1\nVIEW 1 0 0\n"), {half, 0, half, 0});
@@ -277,6 +301,44 @@ TEST(ReadMagneticBlock, PhaseAndAtomsReachTheirUnit) {
                             " [k=2 m=1 (7,0) (0,0) (0,0) phase=0 colour=(1,0,0,1)]",
                             "push_matom Fe2 FE (0,0,0.5) scale=1 hidden=0 group=0"
                             " [k=1 m=1 (1,0) (0,0) (0,0) phase=0 colour=(0.62,0.31,0.01,1)]"));
+}
+
+TEST(ReadMagneticBlock, EachComponentHasTheLastColourBeforeIt) {
+    EXPECT_THAT(calls_of("{\nMATOM A H 0 0 0 COLOR 1 0 0 1\nSKP 1 1 1 0 0 0 0 0 0\n"
+                         "SKP 2 1 1 0 0 0 0 0 0 COLOR 0 1 0 1\nSKP 3 1 1 0 0 0 0 0 0\n}\n",
+                         {"push_matom"}),
+                ElementsAre("push_matom A H (0,0,0) scale=1 hidden=0 group=0"
+                            " [k=1 m=1 (1,0) (0,0) (0,0) phase=0 colour=(1,0,0,1)]"
+                            " [k=2 m=1 (1,0) (0,0) (0,0) phase=0 colour=(0,1,0,1)]"
+                            " [k=3 m=1 (1,0) (0,0) (0,0) phase=0 colour=(0,1,0,1)]"));
+}
+
+TEST(ReadMagneticBlock, ALineOfBothBracesClosesTheBlock) {
+    for (const char* braces : {"{ }", "} {"}) {
+        EXPECT_THAT(atoms_of(std::string("{\n") + braces + "\nATOM A H 0 0 0\n"),
+                    testing::SizeIs(1));
+        EXPECT_THAT(magnetic_calls_of(std::string(braces) + "\nMATOM A H 0 0 0\n"), IsEmpty());
+    }
+}
+
+TEST(ReadMagneticBlock, ScaleCountsInsideAndForOneAtom) {
+    EXPECT_THAT(calls_of("SCALE 3\n{\nMATOM A H 0 0 0\nSKP 1 1 1 0 0 0 0 0 0\nSCALE 2\n"
+                         "MATOM B H 0 0 0\nSKP 1 1 1 0 0 0 0 0 0\n"
+                         "MATOM C H 0 0 0\nSKP 1 1 1 0 0 0 0 0 0\n}\n",
+                         {"push_matom"}),
+                ElementsAre(testing::HasSubstr("A H (0,0,0) scale=1 "),
+                            testing::HasSubstr("B H (0,0,0) scale=2 "),
+                            testing::HasSubstr("C H (0,0,0) scale=1 ")));
+}
+
+TEST(ReadMagneticBlock, ALineOfMsymIsNothingElse) {
+    EXPECT_THAT(magnetic_calls_of("{\nSYMM x,y,z\nMSYM u,v,w,0 MATOM A H 0 0 0\n"
+                                  "SKP 1 1 1 0 0 0 0 0 0\nMATOM B H 0 0 0\n}\n"),
+                ElementsAre("define_magnetic_phase P x,y,z:<MSYM u,v,w,0 MATOM A H 0 0 0>"));
+    // A later run no longer counts, so that its line is read as an atom.
+    EXPECT_THAT(
+        magnetic_calls_of("{\nSYMM x,y,z\nMSYM u,v,w,0\n\nMSYM -u,v,w,0 MATOM A H 0 0 0\n}\n"),
+        ElementsAre("define_magnetic_phase P x,y,z:<MSYM u,v,w,0>"));
 }
 
 TEST(ReadMagneticBlock, OnlyTheFirstPhaseOfAFileCounts) {
