@@ -32,10 +32,11 @@ MenuBar* bar_of(int window) {
     return state.bars[static_cast<std::size_t>(window)].get();
 }
 
-int yymnwindowofbar(Window window) {
+MenuWindow yymnfind(Window window) {
     const auto found = std::ranges::find_if(
         state.bars, [window](const auto& bar) { return bar && bar->window == window; });
-    return found == state.bars.end() ? -1 : static_cast<int>(found - state.bars.begin());
+    if (found == state.bars.end()) return {};
+    return {MenuPart::Bar, static_cast<int>(found - state.bars.begin())};
 }
 
 bool in_resource(int menu) {
@@ -124,8 +125,8 @@ void install_menus() {
         .destroy = yymndestroy,
         .resize = yymnresize,
         .height = yymnheight,
-        .draw = yymndraw,
-        .window_of_bar = yymnwindowofbar,
+        .draw = [](Window part) { yymndraw(yymnfind(part).window); },
+        .find = yymnfind,
         .active = yymenuactive,
         .deactivate = yymndeactivate,
         .interpret_key = yymninterpretkey,

@@ -225,7 +225,9 @@ int expose(XEvent& event) {
             if (!damage(event.xexpose)) return 0;
             return put_message(from_window(expose_mail(event.xexpose), owner.window));
         case WindowKind::MenuBar:
-            menu_hooks.draw(owner.window);
+        case WindowKind::MenuPopUp:
+        case WindowKind::MenuItem:
+            menu_hooks.draw(event.xexpose.window);
             return 0;
         case WindowKind::StatusBar:
             yystatusbardraw(*window_slot(owner.window).status_bar);

@@ -9,6 +9,13 @@
 
 namespace tesserakit {
 
+/// What an X window of a menu is, and the window slot that the menu belongs to.
+enum class MenuPart { Nothing, Bar, PopUp, Item };
+struct MenuWindow {
+    MenuPart part = MenuPart::Nothing;
+    int window = -1;
+};
+
 struct MenuHooks {
     /// Height of the bar of a menu that is about to be built; 0 for none, or one that isn't in the
     /// resource.
@@ -21,9 +28,10 @@ struct MenuHooks {
     int (*resize)(int window, int width) = [](int, int) { return 0; };
     /// Height that the bar of a window takes, 0 without one.
     int (*height)(int window) = [](int) { return 0; };
-    void (*draw)(int window) = [](int) {};
-    /// The window slot whose bar is drawn in an X window, -1 for none.
-    int (*window_of_bar)(Window window) = [](Window) { return -1; };
+    /// Draws an X window of a menu again: a bar, a pop-up or an item.
+    void (*draw)(Window part) = [](Window) {};
+    /// What an X window is to the menus; asked for every event of a window without a widget.
+    MenuWindow (*find)(Window window) = [](Window) { return MenuWindow{}; };
 
     /// A menu is pulled down, and has all input; closes it.
     bool (*active)() = [] { return false; };

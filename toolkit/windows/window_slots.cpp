@@ -30,10 +30,23 @@ bool holds_status_part(const WindowSlot& slot, Window window) {
                slot.status_bar->parts.end();
 }
 
+WindowKind kind_of(MenuPart part) {
+    switch (part) {
+        case MenuPart::Bar:
+            return WindowKind::MenuBar;
+        case MenuPart::PopUp:
+            return WindowKind::MenuPopUp;
+        case MenuPart::Item:
+            return WindowKind::MenuItem;
+        default:
+            return WindowKind::Unknown;
+    }
+}
+
 /// Windows that the toolkit draws without a widget.
 WindowOwner owner_of_drawn(Window window) {
-    if (const int owner = menu_hooks.window_of_bar(window); owner >= 0)
-        return {WindowKind::MenuBar, owner, {}};
+    if (const MenuWindow menu = menu_hooks.find(window); menu.part != MenuPart::Nothing)
+        return {kind_of(menu.part), menu.window, {}};
     for (int i = 0; i < window_slots; ++i)
         if (holds_status_part(window_slot(i), window)) return {WindowKind::StatusBar, i, {}};
     return {};

@@ -61,7 +61,7 @@ int yygetnextfree();
 Widget shell_around(Widget widget);
 
 /// What a screen window is to the toolkit.
-enum class WindowKind { Unknown, Client, Frame, MenuBar, StatusBar, Dialog };
+enum class WindowKind { Unknown, Client, Frame, MenuBar, MenuPopUp, MenuItem, StatusBar, Dialog };
 struct WindowOwner {
     WindowKind kind = WindowKind::Unknown;
     int window = -1;     ///< window slot it belongs to, -1 for a dialog with a shell of its own
