@@ -423,7 +423,7 @@ TEST(Resource, WhatIsMissingAnswersMinusOne) {
     EXPECT_THAT((std::array{first, second}), Each(-1));
     yyrcfieldtabcheck(107, 1069, first, second);  // a list
     EXPECT_THAT((std::array{first, second}), Each(-1));
-    yyrcfieldformatcheck(105, 1029, first);
+    yyrcfieldformatcheck(105, 1027, first);
     EXPECT_EQ(first, -1);
 }
 
