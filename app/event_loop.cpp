@@ -138,6 +138,7 @@ void refresh_screen_size() {
 }
 
 void run_event_loop() {
+    state.ended = false;
     draw();
     while (!state.ended) {
         int type = NoMessage;
