@@ -1,9 +1,12 @@
 /// The copying between dialogs and model, both ways.
 ///
-/// Dialogs are plain views: none holds a model of its own. Every routine here selects the dialogs
-/// it needs and leaves the main dialog selected. A change of the model shows in the next frame.
-/// Colours stand in sliders as hundredths.
+/// Dialogs are plain views: none holds a model of its own. A field that holds no number leaves the
+/// model's as it is, and an entry for something new needs all of its numbers. Every routine here
+/// selects the dialogs it needs and leaves the main dialog selected. A change of the model shows in
+/// the next frame. Colours stand in sliders as hundredths.
 #pragma once
+
+#include "scene/wcfgl_metrix.hpp"
 
 namespace gemwright {
 
@@ -28,12 +31,13 @@ void set_lamp();
 void set_moment();
 
 // From the fields into the model: get_fields.cpp
-/// OK of a dialog. `button` is the button pressed.
-void get_values(int dialog, int button);
+/// OK of a dialog.
+void get_values(int dialog);
 /// A field has changed or the focus has moved to it.
 void get_fields(int dialog, int field);
-/// The six numbers of the box dialog become the box.
-void define_box_from_fields();
+/// The six numbers of the box dialog, the box's own for those that aren't there.
+wcfgl_metrix::Box box_in_fields();
+void define_box(const wcfgl_metrix::Box& box);
 
 void hide_dialog(int dialog);
 

@@ -38,7 +38,7 @@ void draw() {
 void push_button(const MessageRecord& message) {
     switch (message.VALUE1) {
         case button::ok:
-            get_values(message.WIN, message.VALUE1);
+            get_values(message.WIN);
             break;
         case button::cancel:
             hide_dialog(message.WIN);
@@ -108,10 +108,12 @@ void act(int type, const MessageRecord& message) {
     }
 }
 
-/// The file is read again and again, the view and the dialog's box winning over the file's.
+/// The file is read again and again, the view and the dialog's box winning over the file's. The box
+/// comes first: the reading must not fill in for a number that is just being typed.
 void read_continuously() {
+    const wcfgl_metrix::Box box = box_in_fields();
     wcfgl_io::read_gwr_file(current_file_name);
-    define_box_from_fields();
+    define_box(box);
     wdialogselect(dialog::main);
     wdialogputstring(field::information, "READ CONTINUOUS");
     draw();

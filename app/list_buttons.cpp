@@ -1,10 +1,14 @@
 #include "app/dialog_binding.hpp"
+#include "app/field_values.hpp"
 #include "app/identifiers.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "toolkit/tesserakit.hpp"
 
+#include <algorithm>
+#include <array>
+#include <optional>
 #include <string>
 
 namespace gemwright {
@@ -12,53 +16,17 @@ namespace {
 
 using namespace tesserakit;
 
-struct Selected {
-    int index = 0;  ///< from 1; 0 for none
-    std::string text;
-};
-
 Selected selected(int dialog, int list) {
     const DialogSelection selection(dialog);
-    Selected result;
-    wdialoggetmenu1(list, result.index);
-    wdialoggetmenu2(list, result.text);
-    result.text.resize(trimmed_length(result.text));
-    return result;
+    return selected_in(list);
 }
 
-std::string text_of(int field) {
-    std::string text;
-    wdialoggetstring(field, text);
-    return text;
-}
-
-float real_of(int field) {
-    float value = 0;
-    wdialoggetreal(field, value);
-    return value;
-}
-
-Vector3f vector_of(const std::array<int, 3>& fields) {
-    return {real_of(fields[0]), real_of(fields[1]), real_of(fields[2])};
-}
-
-bool ticked(int field) {
-    int state = 0;
-    wdialoggetcheckbox(field, state);
-    return state != 0;
-}
-
-int ordinal_of(int radio) {
-    int ordinal = 0;
-    wdialoggetradiobutton(radio, ordinal);
-    return ordinal;
-}
-
+/// The numbers are absent where a field holds none.
 struct TypedAtom {
     FixedText<10> label;
     FixedText<2> symbol;
-    Vector3f xf{};
-    float radius = 0;
+    std::array<std::optional<float>, 3> xf;
+    std::optional<float> radius;
     bool shown = true;
     bool default_colour = false;
 };
@@ -67,35 +35,50 @@ TypedAtom typed_atom() {
     TypedAtom atom;
     {
         const DialogSelection selection(dialog::atom_position);
-        atom.label = std::string_view(text_of(field::atom_label));
-        atom.symbol = std::string_view(text_of(field::atom_symbol));
-        atom.xf = vector_of(field::atom_coordinates);
+        atom.label = std::string_view(text_in(field::atom_label));
+        atom.symbol = std::string_view(text_in(field::atom_symbol));
+        std::transform(field::atom_coordinates.begin(), field::atom_coordinates.end(),
+                       atom.xf.begin(), real_in);
     }
     const DialogSelection selection(dialog::atom_look);
-    atom.radius = real_of(field::atom_radius);
+    atom.radius = real_in(field::atom_radius);
     atom.shown = ticked(field::atom_shown);
-    atom.default_colour = ordinal_of(field::atom_default_colour) == 1;
+    atom.default_colour = ordinal_in(field::atom_default_colour) == 1;
     return atom;
+}
+
+void add_atom(const TypedAtom& atom) {
+    const auto& [x, y, z] = atom.xf;
+    if (!x || !y || !z || !atom.radius) return;
+    wcfgl_atom_tree::push_atom({.label = atom.label,
+                                .symbol = atom.symbol,
+                                .xf = {*x, *y, *z},
+                                .radius = *atom.radius,
+                                .nodisplay = atom.shown ? 0 : 1});
+    set_atom_label_list();
+}
+
+void change_atom(int index, const TypedAtom& atom) {
+    Vector3f xf = wcfgl_atom_tree::get_atom_info(index).xf;
+    for (std::size_t i = 0; i < 3; ++i) xf[i] = atom.xf[i].value_or(xf[i]);
+    wcfgl_atom_tree::modify_atom(index, {.label = atom.label,
+                                         .symbol = atom.symbol,
+                                         .xf = xf,
+                                         .radius = atom.radius,
+                                         .use_default_colour = atom.default_colour});
+    set_atom_label_list();
 }
 
 }  // namespace
 
+/// A new atom whose numbers aren't all there isn't added, and what was typed of it stays.
 void insert_atom() {
     const Selected entry = selected(dialog::atoms, field::atom_list);
     const TypedAtom atom = typed_atom();
     if (entry.text == "-New atom-")
-        wcfgl_atom_tree::push_atom({.label = atom.label,
-                                    .symbol = atom.symbol,
-                                    .xf = atom.xf,
-                                    .radius = atom.radius,
-                                    .nodisplay = atom.shown ? 0 : 1});
+        add_atom(atom);
     else
-        wcfgl_atom_tree::modify_atom(entry.index, {.label = atom.label,
-                                                   .symbol = atom.symbol,
-                                                   .xf = atom.xf,
-                                                   .radius = atom.radius,
-                                                   .use_default_colour = atom.default_colour});
-    set_atom_label_list();
+        change_atom(entry.index, atom);
 }
 
 void delete_atom() {
@@ -104,22 +87,24 @@ void delete_atom() {
     set_atom_label_list();
 }
 
-/// Only a new rule: a rule is changed by deleting it and inserting another.
+/// Only a new rule: a rule is changed by deleting it and inserting another. One whose numbers
+/// aren't all there isn't added.
 void insert_bond() {
     if (selected(dialog::bonds, field::bond_list).text != "-New bond-") return;
-    wdialogselect(dialog::bond_look);
-    const float radius = real_of(field::bond_radius);
+    const DialogSelection selection(dialog::bond_look);
+    const std::optional<float> radius = real_in(field::bond_radius);
     const int nodisplay = ticked(field::bond_shown) ? 0 : 1;
     wdialogselect(dialog::bond_rule);
-    const std::string name1 = text_of(field::bond_names[0]), name2 = text_of(field::bond_names[1]);
-    const float least = real_of(field::bond_distances[0]);
-    const float greatest = real_of(field::bond_distances[1]);
-    if (ordinal_of(field::bond_by_symbol) == 1)
+    const std::string name1 = text_in(field::bond_names[0]), name2 = text_in(field::bond_names[1]);
+    const std::optional<float> least = real_in(field::bond_distances[0]);
+    const std::optional<float> greatest = real_in(field::bond_distances[1]);
+    if (!radius || !least || !greatest) return;
+    if (ordinal_in(field::bond_by_symbol) == 1)
         wcfgl_bond_tree::push_bond_by_symbol(std::string_view(name1), std::string_view(name2),
-                                             least, greatest, radius, nodisplay);
+                                             *least, *greatest, *radius, nodisplay);
     else
-        wcfgl_bond_tree::push_bond_by_label(std::string_view(name1), std::string_view(name2), least,
-                                            greatest, radius, nodisplay);
+        wcfgl_bond_tree::push_bond_by_label(std::string_view(name1), std::string_view(name2),
+                                            *least, *greatest, *radius, nodisplay);
     set_bond_label_list();
 }
 
@@ -131,13 +116,17 @@ void delete_bond() {
 
 void insert_k_vector() {
     const Selected entry = selected(dialog::magnetic, field::k_list);
-    {
-        const DialogSelection selection(dialog::magnetic);
-        const Vector3f k = vector_of(field::k_components);
-        if (entry.text == "-New k vector-")
-            wcfgl_matom_tree::append_k_vector(k);
-        else
-            wcfgl_matom_tree::modify_k_vector(entry.index, k);
+    const DialogSelection selection(dialog::magnetic);
+    if (entry.text == "-New k vector-") {
+        const std::optional<Vector3f> k = vector_in(field::k_components);
+        if (!k) return;
+        wcfgl_matom_tree::append_k_vector(*k);
+    } else if (entry.index > 0) {
+        const auto index = static_cast<std::size_t>(entry.index - 1);
+        const auto& kept = wcfgl_matom_tree::current_k_list;
+        if (!kept || index >= kept->size()) return;
+        wcfgl_matom_tree::modify_k_vector(entry.index,
+                                          {reals_in(field::k_components, (*kept)[index].c)});
     }
     set_magnetic_kvectors();
 }

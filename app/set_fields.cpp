@@ -1,4 +1,5 @@
 #include "app/dialog_binding.hpp"
+#include "app/field_values.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
 #include "app/slider_scale.hpp"
@@ -12,7 +13,6 @@
 #include "scene/wcfgl_objects_definition.hpp"
 #include "toolkit/tesserakit.hpp"
 
-#include <span>
 #include <string>
 #include <vector>
 
@@ -22,15 +22,6 @@ namespace {
 using namespace tesserakit;
 
 constexpr int shown_operators_width = 3;
-
-void put_reals(std::span<const int> fields, std::span<const float> values) {
-    for (std::size_t i = 0; i < fields.size(); ++i) wdialogputreal(fields[i], values[i]);
-}
-
-void put_hundredths(std::span<const int> fields, std::span<const float> values) {
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        wdialogputtrackbar(fields[i], hundredths(values[i]));
-}
 
 template <std::size_t N>
 std::vector<std::string> options(const std::vector<FixedText<N>>& labels) {
@@ -43,13 +34,6 @@ std::vector<std::string> options(const std::vector<FixedText<N>>& labels) {
 /// Fills a list with its labels and the entry for a new one, and selects the last real one.
 void put_labels(int list, const std::vector<std::string>& labels) {
     wdialogputmenu1(list, labels, static_cast<int>(labels.size()) - 1);
-}
-
-int selected(int dialog, int list) {
-    wdialogselect(dialog);
-    int selection = 0;
-    wdialoggetmenu1(list, selection);
-    return selection;
 }
 
 void put_failed_group() {
@@ -88,12 +72,12 @@ void put_atom_look(const wcfgl_atom_tree::AtomInfo& atom) {
     wdialogselect(dialog::atom_look);
     wdialogputcheckbox(field::atom_shown, atom.nodisplay == 0 ? 1 : 0);
     wdialogputreal(field::atom_radius, atom.radius);
-    put_hundredths(field::atom_colour, atom.colour);
+    put_colour(field::atom_colour, atom.colour);
     wdialogputradiobutton(atom.default_colour ? field::atom_default_colour
                                               : field::atom_own_colour);
     const int state = atom.default_colour ? FieldDisabled : FieldEnabled;
-    for (const int label : field::atom_colour_labels) wdialogfieldstate(label, state);
-    for (const int bar : field::atom_colour) wdialogfieldstate(bar, state);
+    put_states(field::atom_colour_labels, state);
+    put_states(field::atom_colour, state);
 }
 
 void put_bond_rule(const wcfgl_bond_tree::BondInfo& bond) {
@@ -110,11 +94,11 @@ void put_bond_look(const wcfgl_bond_tree::BondInfo& bond) {
     wdialogselect(dialog::bond_look);
     wdialogputcheckbox(field::bond_shown, bond.nodisplay == 0 ? 1 : 0);
     wdialogputreal(field::bond_radius, bond.radius);
-    put_hundredths(field::bond_colour, bond.colour);
+    put_colour(field::bond_colour, bond.colour);
     wdialogputradiobutton(bond.custom_colour ? field::bond_atoms_colour : field::bond_own_colour);
     const int state = bond.custom_colour ? FieldDisabled : FieldEnabled;
-    for (const int label : field::bond_colour_labels) wdialogfieldstate(label, state);
-    for (const int bar : field::bond_colour) wdialogfieldstate(bar, state);
+    put_states(field::bond_colour_labels, state);
+    put_states(field::bond_colour, state);
 }
 
 /// "  1-   0.500  0.000  0.000"
@@ -175,7 +159,7 @@ void set_atom_label_list() {
 
 void set_atom_field() {
     const DialogSelection selection(dialog::atoms);
-    const auto atom = wcfgl_atom_tree::get_atom_info(selected(dialog::atoms, field::atom_list));
+    const auto atom = wcfgl_atom_tree::get_atom_info(selected_in(field::atom_list).index);
     put_atom_position(atom);
     put_atom_look(atom);
 }
@@ -188,7 +172,7 @@ void set_bond_label_list() {
 
 void set_bond_field() {
     const DialogSelection selection(dialog::bonds);
-    const auto bond = wcfgl_bond_tree::get_bond_info(selected(dialog::bonds, field::bond_list));
+    const auto bond = wcfgl_bond_tree::get_bond_info(selected_in(field::bond_list).index);
     put_bond_rule(bond);
     put_bond_look(bond);
 }
@@ -221,7 +205,7 @@ void set_magnetic_kvectors() {
 void set_kvectors_field() {
     const DialogSelection selection(dialog::magnetic);
     const auto& list = wcfgl_matom_tree::current_k_list;
-    const int index = selected(dialog::magnetic, field::k_list);
+    const int index = selected_in(field::k_list).index;
     if (!list || index < 1 || static_cast<std::size_t>(index) > list->size()) return;
     put_reals(field::k_components, (*list)[static_cast<std::size_t>(index - 1)].c);
 }
@@ -230,23 +214,23 @@ void set_material() {
     const DialogSelection selection(dialog::material);
     wdialogputtrackbar(field::quality, wcfgl_objects_definition::present_resolution.atom);
     wdialogputtrackbar(field::shininess, wcfgl_display::shininess);
-    put_hundredths(field::specular, wcfgl_display::specular_colour);
+    put_colour(field::specular, wcfgl_display::specular_colour);
 }
 
 void set_lamp() {
     const DialogSelection selection(dialog::lamp);
     put_reals(field::lamp_position, wcfgl_display::lamp_position);
-    put_hundredths(field::lamp_colour, wcfgl_display::lamp_colour);
+    put_colour(field::lamp_colour, wcfgl_display::lamp_colour);
 }
 
 void set_moment() {
     const DialogSelection selection(dialog::moment);
     wdialogputtrackbar(field::moment_head_width,
-                       hundredths(wcfgl_objects_definition::moment_head_radius));
+                       to_hundredths(wcfgl_objects_definition::moment_head_radius));
     wdialogputtrackbar(field::moment_head_length,
-                       hundredths(1.0 - wcfgl_objects_definition::moment_shaft_length));
+                       to_hundredths(1.0 - wcfgl_objects_definition::moment_shaft_length));
     wdialogputtrackbar(field::moment_thickness,
-                       hundredths(wcfgl_objects_definition::moment_shaft_radius));
+                       to_hundredths(wcfgl_objects_definition::moment_shaft_radius));
 }
 
 void set_all_fields() {

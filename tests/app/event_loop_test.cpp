@@ -238,6 +238,14 @@ TEST_F(ContinuousRead, LeavesTheViewAndTakesTheBoxOfTheDialog) {
     EXPECT_EQ(wcfgl_metrix::current_box, (wcfgl_metrix::Box{0, 2, 0, 2, 0, 2}));
 }
 
+TEST_F(ContinuousRead, GoesOnWithTheOldBoxWhileANumberOfItIsBeingTyped) {
+    run(1);
+    dialog_record::type({dialog::box, field::box_limits[0]}, "-");
+    dialog_record::type({dialog::box, field::box_limits[5]}, "");
+    run(2);
+    EXPECT_EQ(wcfgl_metrix::current_box, (wcfgl_metrix::Box{0, 2, 0, 2, 0, 2}));
+}
+
 TEST_F(ContinuousRead, ServesAMessageFirst) {
     post(KeyDown);
     run();

@@ -29,7 +29,7 @@ TEST_F(GetFields, TheRadiosChooseWhatADragDoes) {
         get_fields(dialog::main, field::mouse_mode);
         EXPECT_EQ(mouse_mode, mode);
         mouse_mode = 0;
-        get_values(dialog::main, button::ok);
+        get_values(dialog::main);
         EXPECT_EQ(mouse_mode, mode);
     }
 }
@@ -39,7 +39,7 @@ TEST_F(GetFields, TheBoxFollowsEachChangeAndOk) {
     get_fields(dialog::box, field::box_limits[3]);
     EXPECT_EQ(wcfgl_metrix::current_box, (wcfgl_metrix::Box{-1, 2, -3, 4, -5, 6}));
     type(dialog::box, field::box_limits, {"0", "2", "0", "4", "0", "6"});
-    get_values(dialog::box, button::ok);
+    get_values(dialog::box);
     EXPECT_EQ(wcfgl_metrix::current_box, (wcfgl_metrix::Box{0, 2, 0, 4, 0, 6}));
 }
 
@@ -48,7 +48,7 @@ TEST_F(GetFields, TheCellWaitsForOk) {
     type(dialog::cell, field::cell_angles, {"80", "90", "100"});
     get_fields(dialog::cell, field::cell_lengths[0]);
     EXPECT_FALSE(wcfgl_metrix::current_cell);
-    get_values(dialog::cell, button::ok);
+    get_values(dialog::cell);
     ASSERT_TRUE(wcfgl_metrix::current_cell);
     EXPECT_EQ(wcfgl_metrix::current_cell->cell_length, (Vector3f{5, 6, 7}));
     EXPECT_EQ(wcfgl_metrix::current_cell->cell_angle, (Vector3f{80, 90, 100}));
@@ -59,12 +59,12 @@ TEST_F(GetFields, ASymbolBecomesTheGroupOnOk) {
     dialog_record::type({dialog::space_group, field::symbol}, "P -1");
     get_fields(dialog::space_group, field::symbol);
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 1);
-    get_values(dialog::space_group, button::ok);
+    get_values(dialog::space_group);
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 2);
     EXPECT_THAT(rows({dialog::space_group, field::generators}),
                 ElementsAre("  1|x,y,z", "  2|-x,-y,-z"));
     dialog_record::type({dialog::space_group, field::symbol}, "  ");
-    get_values(dialog::space_group, button::ok);
+    get_values(dialog::space_group);
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 2);
 }
 
@@ -83,7 +83,7 @@ TEST_F(GetFields, OneWayToTellTheGroupIsGreyedByTheOther) {
     }
     dialog_record::type({dialog::space_group, field::symbol}, "");
     dialog_record::set({dialog::space_group, 1010}, 1);
-    get_values(dialog::space_group, button::ok);
+    get_values(dialog::space_group);
     EXPECT_EQ(state({dialog::space_group, field::symbol}), FieldDisabled);
     EXPECT_EQ(state({dialog::space_group, field::generators_group}), FieldEnabled);
 }
@@ -169,7 +169,7 @@ TEST_F(GetFields, MaterialAndLampFollowTheirFields) {
     }
     EXPECT_EQ(wcfgl_display::specular_colour[3], 1.0f);
     type(dialog::lamp, field::lamp_position, {"7", "8", "9"});
-    get_values(dialog::lamp, button::ok);
+    get_values(dialog::lamp);
     EXPECT_THAT(wcfgl_display::lamp_position, ElementsAre(7, 8, 9, 0));
 }
 
@@ -185,6 +185,38 @@ TEST_F(GetFields, TheArrowsShapeFollowsItsSliders) {
     EXPECT_FLOAT_EQ(static_cast<float>(wcfgl_objects_definition::moment_shaft_radius), 0.13f);
 }
 
+// "-" is what stands there between two keys of "-1".
+TEST_F(GetFields, AFieldThatHoldsNoNumberLeavesTheModelsOwn) {
+    wcfgl_metrix::define_box(-1, 2, -3, 4, -5, 6);
+    wcfgl_metrix::define_cell({5, 6, 7}, {80, 90, 100});
+    wcfgl_display::lamp_position = {1, 2, 3, 0};
+    two_atoms();
+    type(dialog::box, field::box_limits, {"-2", "", "-", "8", "1e", "."});
+    get_fields(dialog::box, field::box_limits[0]);
+    EXPECT_EQ(wcfgl_metrix::current_box, (wcfgl_metrix::Box{-2, 2, -3, 8, -5, 6}));
+    type(dialog::cell, field::cell_lengths, {"", "9", "-"});
+    type(dialog::cell, field::cell_angles, {"85", "", ""});
+    get_values(dialog::cell);
+    EXPECT_EQ(wcfgl_metrix::current_cell->cell_length, (Vector3f{5, 9, 7}));
+    EXPECT_EQ(wcfgl_metrix::current_cell->cell_angle, (Vector3f{85, 90, 100}));
+    type(dialog::lamp, field::lamp_position, {"", "5", "-"});
+    get_fields(dialog::lamp, field::lamp_position[1]);
+    EXPECT_THAT(wcfgl_display::lamp_position, ElementsAre(1, 5, 3, 0));
+    dialog_record::type({dialog::atom_look, field::atom_radius}, "");
+    get_fields(dialog::atom_look, field::atom_radius);
+    EXPECT_EQ(atom(2).radius, 0.5f);
+}
+
+TEST_F(GetFields, NumbersMissingWhereThereIsNoCellOrBoxYetMakeNoneThatIsWrong) {
+    type(dialog::cell, field::cell_lengths, {"5", "6", ""});
+    type(dialog::cell, field::cell_angles, {"80", "90", "100"});
+    get_values(dialog::cell);
+    EXPECT_FALSE(wcfgl_metrix::current_cell);
+    type(dialog::box, field::box_limits, {"", "", "", "3", "", ""});
+    get_fields(dialog::box, field::box_limits[3]);
+    EXPECT_EQ(wcfgl_metrix::current_box, (wcfgl_metrix::Box{0, 1, 0, 3, 0, 1}));
+}
+
 // Views: what stands in these fields is read by Insert alone, or by nothing.
 TEST_F(GetFields, OtherFieldsAndDialogsChangeNothing) {
     two_atoms();
@@ -194,7 +226,7 @@ TEST_F(GetFields, OtherFieldsAndDialogsChangeNothing) {
                              dialog::bond_rule, dialog::bond_look, dialog::about, 113})
         for (const int field : {1041, 1080, 1082, 1085, 1090, 1130, 1149, 1156, 1163}) {
             get_fields(dialog, field);
-            get_values(dialog, button::ok);
+            get_values(dialog);
         }
     EXPECT_EQ(atom(2).xf, (Vector3f{0.5f, 0, 0}));
     EXPECT_EQ(atom(2).label.trimmed(), "O2");

@@ -77,6 +77,55 @@ TEST_F(ListButtons, InsertKeepsTheDigitsThatAFieldDoesNotShow) {
     EXPECT_EQ(atom(1).radius, 0.123456f);
 }
 
+TEST_F(ListButtons, InsertKeepsWhatAFieldWithoutANumberLeavesOpenAndAddsNothingOfIt) {
+    two_atoms();
+    select_atom(1);
+    type(dialog::atom_position, field::atom_coordinates, {"", "0.5", "-"});
+    dialog_record::type({dialog::atom_look, field::atom_radius}, "");
+    insert_atom();
+    EXPECT_EQ(atom(1).xf, (Vector3f{0.125f, 0.5f, 0.375f}));
+    EXPECT_EQ(atom(1).radius, 0.75f);
+    for (const int missing : {0, 1, 2, 3}) {
+        select_atom(3);
+        if (missing == 3)
+            dialog_record::type({dialog::atom_look, field::atom_radius}, "");
+        else
+            dialog_record::type(
+                {dialog::atom_position, field::atom_coordinates[static_cast<std::size_t>(missing)]},
+                "");
+        insert_atom();
+        EXPECT_EQ(options({dialog::atoms, field::atom_list}).size(), 3U) << missing;
+        EXPECT_EQ(value({dialog::atoms, field::atom_list}), 3) << "what was typed stays";
+    }
+
+    set_bond_label_list();
+    select_bond(1);
+    type(dialog::bond_rule, field::bond_names, {"Fe1", "O2"});
+    dialog_record::set({dialog::bond_rule, field::bond_by_label}, 1);
+    const std::array<dialog_record::Place, 3> numbers{
+        {{dialog::bond_rule, field::bond_distances[0]},
+         {dialog::bond_rule, field::bond_distances[1]},
+         {dialog::bond_look, field::bond_radius}}};
+    for (const auto& number : numbers) {
+        const std::string before = dialog_record::text(number);
+        dialog_record::type(number, "");
+        insert_bond();
+        dialog_record::type(number, before);
+    }
+    EXPECT_THAT(options({dialog::bonds, field::bond_list}), ElementsAre("-New bond-"));
+
+    set_magnetic_kvectors();
+    type(dialog::magnetic, field::k_components, {"0.5", "", "0.25"});
+    insert_k_vector();
+    EXPECT_FALSE(wcfgl_matom_tree::current_k_list);
+    type(dialog::magnetic, field::k_components, {"0.5", "0", "0.25"});
+    insert_k_vector();
+    dialog_record::set({dialog::magnetic, field::k_list}, 1);
+    type(dialog::magnetic, field::k_components, {"", "1", "-"});
+    insert_k_vector();
+    EXPECT_THAT(*wcfgl_matom_tree::current_k_list, ElementsAre(Vector3f{0.5f, 1, 0.25f}));
+}
+
 TEST_F(ListButtons, DeleteTakesTheSelectedAtomAndNeverTheEntryOfANewOne) {
     two_atoms();
     select_atom(1);
