@@ -1,6 +1,8 @@
 #include "app/field_values.hpp"
 
 #include "app/slider_scale.hpp"
+#include "common/number_field.hpp"
+#include "crystal/position_text.hpp"
 #include "toolkit/tesserakit.hpp"
 
 namespace gemwright {
@@ -13,6 +15,14 @@ std::optional<float> real_in(int field) {
     wdialoggetreal(field, value);
     if (infoerror(1) != 0) return std::nullopt;
     return value;
+}
+
+std::optional<float> position_in(int field) {
+    const std::optional<float> value = real_in(field);
+    if (!value) return value;
+    // A number put in full precision isn't what its text reads as.
+    const std::string text = wdialoggettypedtext(field);
+    return number_field::to_float(text) == value ? position_text::component(text, *value) : value;
 }
 
 std::optional<Vector3f> vector_in(const std::array<int, 3>& fields) {

@@ -18,6 +18,10 @@ namespace gemwright {
 /// number.
 std::optional<float> real_in(int field);
 
+/// The same for a component of a position, where 0.3333 or 0.1667 as typed mean 1/3 and 1/6. A
+/// number that only shows as one of these, because the field cuts its digits, stays as it is.
+std::optional<float> position_in(int field);
+
 /// Those of a row of fields, `kept` where there is no number.
 template <std::size_t N>
 std::array<float, N> reals_in(const std::array<int, N>& fields, std::array<float, N> kept) {

@@ -38,7 +38,7 @@ TypedAtom typed_atom() {
         atom.label = std::string_view(text_in(field::atom_label));
         atom.symbol = std::string_view(text_in(field::atom_symbol));
         std::transform(field::atom_coordinates.begin(), field::atom_coordinates.end(),
-                       atom.xf.begin(), real_in);
+                       atom.xf.begin(), position_in);
     }
     const DialogSelection selection(dialog::atom_look);
     atom.radius = real_in(field::atom_radius);

@@ -77,6 +77,29 @@ TEST_F(ListButtons, InsertKeepsTheDigitsThatAFieldDoesNotShow) {
     EXPECT_EQ(atom(1).radius, 0.123456f);
 }
 
+TEST_F(ListButtons, ThirdsAndSixthsTypedForAPositionAreExactAndForNothingElse) {
+    two_atoms();
+    select_atom(1);
+    type(dialog::atom_position, field::atom_coordinates, {"0.3333", "0.667", "-0.16667"});
+    dialog_record::type({dialog::atom_look, field::atom_radius}, "0.3333");
+    insert_atom();
+    EXPECT_EQ(atom(1).xf, (Vector3f{1.0f / 3, 2.0f / 3, -1.0f / 6}));
+    EXPECT_EQ(atom(1).radius, 0.3333f);
+    select_atom(1);
+    type(dialog::atom_position, field::atom_coordinates, {"0.3330", "0.33", "0.3334"});
+    insert_atom();
+    EXPECT_EQ(atom(1).xf, (Vector3f{0.333f, 0.33f, 0.3334f}));
+    // Shows as 0.3333 and is none.
+    wcfgl_atom_tree::modify_atom(1, {.xf = Vector3f{0.33326f, 0, 0}});
+    select_atom(1);
+    insert_atom();
+    EXPECT_EQ(atom(1).xf, (Vector3f{0.33326f, 0, 0}));
+    set_magnetic_kvectors();
+    type(dialog::magnetic, field::k_components, {"0.3333", "0.3333", "0"});
+    insert_k_vector();
+    EXPECT_THAT(*wcfgl_matom_tree::current_k_list, ElementsAre(Vector3f{0.3333f, 0.3333f, 0}));
+}
+
 TEST_F(ListButtons, InsertKeepsWhatAFieldWithoutANumberLeavesOpenAndAddsNothingOfIt) {
     two_atoms();
     select_atom(1);
