@@ -16,6 +16,7 @@ void load_all_dialogs();
 void set_all_fields();
 void set_info_fields();
 void set_spacegroup_fields();
+void set_failed_group_fields();
 void set_cell_fields();
 void set_box_fields();
 void set_atom_label_list();

@@ -2,6 +2,8 @@
 #include "app/field_values.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
+#include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "crystal/group_symbol.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_display.hpp"
 #include "scene/wcfgl_metrix.hpp"
@@ -10,8 +12,10 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace gemwright {
 namespace {
@@ -35,14 +39,26 @@ void choose_way_of_group(std::span<const int> of_symbol, std::span<const int> of
     put_states(of_generators, symbol ? FieldDisabled : FieldEnabled);
 }
 
-/// The grid of generators is a view in either case.
+/// Tried on a record of its own: the model's becomes P 1 in either case.
+bool names_a_group(std::string_view symbol) {
+    const auto trial = std::make_unique<crystallographic_symmetry::Space_Group_Type>();
+    crystallographic_symmetry::set_spacegroup(group_symbol::table_text(symbol), *trial);
+    return !crystallographic_symmetry::err_symm;
+}
+
+/// The grid of generators is a view in either case. A symbol that names no group makes the model
+/// P 1, and the dialog says so instead of showing P 1 as if it had been typed.
 void get_space_group() {
     const DialogSelection selection(dialog::space_group);
     choose_way_of_group(std::array{field::symbol}, std::array{field::generators_group});
     const std::string symbol = text_in(field::symbol);
     if (symbol.empty()) return;
+    const bool known = names_a_group(symbol);
     wcfgl_metrix::define_spacegroup(symbol);
-    set_spacegroup_fields();
+    if (known)
+        set_spacegroup_fields();
+    else
+        set_failed_group_fields();
     set_atom_field();
 }
 

@@ -5,6 +5,7 @@
 #include "app/slider_scale.hpp"
 #include "common/number_field.hpp"
 #include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "crystal/group_symbol.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
 #include "scene/wcfgl_display.hpp"
@@ -14,6 +15,7 @@
 #include "toolkit/tesserakit.hpp"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace gemwright {
@@ -44,6 +46,12 @@ void put_failed_group() {
     wgridputcellstring(field::generators, 1, 1, "X,Y,Z");
 }
 
+/// What a group by generators leaves open is blank, and never a name that could be read back.
+template <std::size_t N>
+std::string_view known(const FixedText<N>& name) {
+    return name == "unknown" ? std::string_view() : name.trimmed();
+}
+
 void put_group(const crystallographic_symmetry::Space_Group_Type& group) {
     wgridrows(field::generators, group.multip);
     for (int n = 1; n <= group.multip; ++n) {
@@ -53,11 +61,10 @@ void put_group(const crystallographic_symmetry::Space_Group_Type& group) {
     }
     wdialogfieldstate(field::generators, FieldDisabled);
     wdialogputradiobutton(field::by_symbol);
-    wdialogputstring(field::symbol,
-                     group.spg_symb.blank() ? group.hall.trimmed() : group.spg_symb.trimmed());
-    wdialogputstring(field::hermann_mauguin, group.spg_symb.trimmed());
-    wdialogputstring(field::hall, group.hall.trimmed());
-    wdialogputstring(field::crystal_system, group.crystal_sys.trimmed());
+    wdialogputstring(field::symbol, group_symbol::shown(group));
+    wdialogputstring(field::hermann_mauguin, known(group.spg_symb));
+    wdialogputstring(field::hall, known(group.hall));
+    wdialogputstring(field::crystal_system, known(group.crystal_sys));
 }
 
 void put_atom_position(const wcfgl_atom_tree::AtomInfo& atom) {
@@ -126,6 +133,11 @@ void load_all_dialogs() {
 void set_info_fields() {
     const DialogSelection selection(dialog::main);
     wdialogputstring(field::information, current_file_name.trimmed());
+}
+
+void set_failed_group_fields() {
+    const DialogSelection selection(dialog::space_group);
+    put_failed_group();
 }
 
 void set_spacegroup_fields() {

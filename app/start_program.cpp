@@ -2,10 +2,8 @@
 #include "app/event_loop.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
-#include "crystal/crystallographic_symmetry/space_group.hpp"
 #include "scene/wcfgl_display.hpp"
 #include "scene/wcfgl_io.hpp"
-#include "scene/wcfgl_metrix.hpp"
 #include "scene/wcfgl_quaternion.hpp"
 #include "scene/wcfgl_trackball.hpp"
 #include "toolkit/tesserakit.hpp"
@@ -34,10 +32,6 @@ void enable_messages() {
 void open_file() {
     wcfgl_io::read_gwr_file(current_file_name, &view_quaternion);
     wcfgl_trackball::current_rot_matrix = wcfgl_quaternion::quat2mat(view_quaternion);
-    wdialogputstring(field::information, current_file_name.trimmed());
-    wdialogselect(dialog::space_group);
-    if (wcfgl_metrix::current_space_group)
-        wdialogputstring(field::symbol, wcfgl_metrix::current_space_group->spg_symb.trimmed());
     set_all_fields();
 }
 

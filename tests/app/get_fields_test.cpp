@@ -68,6 +68,34 @@ TEST_F(GetFields, ASymbolBecomesTheGroupOnOk) {
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 2);
 }
 
+TEST_F(GetFields, ASymbolThatNamesNoGroupIsToldAndMakesTheModelP1) {
+    two_atoms();
+    dialog_record::type({dialog::space_group, field::symbol}, "P -1");
+    get_values(dialog::space_group);
+    dialog_record::type({dialog::space_group, field::symbol}, "F m -3 n");
+    get_values(dialog::space_group);
+    EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 1);
+    EXPECT_EQ(text({dialog::space_group, field::symbol}), "--Non valid--");
+    EXPECT_EQ(text({dialog::space_group, field::hermann_mauguin}), "-NA-");
+    EXPECT_EQ(text({dialog::space_group, field::hall}), "-NA-");
+    EXPECT_EQ(text({dialog::space_group, field::crystal_system}), "-NA-");
+    EXPECT_THAT(rows({dialog::space_group, field::generators}), ElementsAre("  1|X,Y,Z"));
+    get_values(dialog::space_group);
+    EXPECT_EQ(text({dialog::space_group, field::symbol}), "--Non valid--");
+    dialog_record::type({dialog::space_group, field::symbol}, "P1");
+    get_values(dialog::space_group);
+    EXPECT_EQ(text({dialog::space_group, field::symbol}), "P 1");
+}
+
+// As people write them.
+TEST_F(GetFields, SymbolsMayBeTypedWithoutBlanks) {
+    for (const auto& [typed, number] : {std::pair{"P21/c", 14}, std::pair{"Fm-3m", 225}}) {
+        dialog_record::type({dialog::space_group, field::symbol}, typed);
+        get_values(dialog::space_group);
+        EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, number) << typed;
+    }
+}
+
 TEST_F(GetFields, OneWayToTellTheGroupIsGreyedByTheOther) {
     struct Case {
         int radio, of_symbol, of_generators;

@@ -64,6 +64,20 @@ TEST_F(SetFields, AGroupShowsItsNamesAndItsOperators) {
     EXPECT_EQ(value({dialog::space_group, field::by_symbol}), 1);
 }
 
+// Monoclinic with a quarter of the cell as unit translation: no table has it.
+TEST_F(SetFields, AGroupThatHasNoNameShowsNone) {
+    const std::vector<FixedText<80>> generators{"x,y+1/4,z", "-x,y,-z"};
+    wcfgl_metrix::define_spacegroup("", generators);
+    ASSERT_EQ(wcfgl_metrix::current_space_group->multip, 8);
+    set_spacegroup_fields();
+    EXPECT_EQ(text({dialog::space_group, field::symbol}), "");
+    for (const int name : {field::hermann_mauguin, field::hall, field::crystal_system})
+        EXPECT_NE(text({dialog::space_group, name}), "unknown") << name;
+    EXPECT_EQ(rows({dialog::space_group, field::generators}).size(), 8U);
+    get_values(dialog::space_group);
+    EXPECT_EQ(wcfgl_metrix::current_space_group->multip, 8) << "Return leaves it";
+}
+
 TEST_F(SetFields, TheAtomsAreListedAndTheLastOneIsShown) {
     two_atoms();
     EXPECT_THAT(options({dialog::atoms, field::atom_list}),
