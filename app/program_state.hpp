@@ -5,6 +5,8 @@
 #include "common/fixed_text.hpp"
 #include "common/vec.hpp"
 
+#include <optional>
+
 namespace gemwright {
 
 /// Blank: no file. A name set by the command line or a file dialog is never unset.
@@ -23,7 +25,8 @@ extern int last_mouse_y;
 extern int child_window;
 
 /// The whole command line as a file name; ".gwr" is added unless it stands somewhere in the name,
-/// in any case. All words belong to the name. Blank without arguments.
-FixedText<256> file_name_from_command_line(int argc, const char* const* argv);
+/// in any case. All words belong to the name. Blank without arguments; absent when it is longer
+/// than 256 bytes: cut, it would be that of another file.
+std::optional<FixedText<256>> file_name_from_command_line(int argc, const char* const* argv);
 
 }  // namespace gemwright

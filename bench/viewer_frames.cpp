@@ -15,7 +15,7 @@
 
 int main(int argc, char** argv) {
     using namespace gemwright;
-    current_file_name = file_name_from_command_line(argc, argv);
+    current_file_name = file_name_from_command_line(argc, argv).value_or(current_file_name);
     start_program();
     if (wcfgl_metrix::current_axes) wcfgl_metrix::current_axes->nodisplay = 1;
     wcfgl_display::display();
