@@ -35,39 +35,32 @@ void draw() {
     state.last_frame = Clock::now();
 }
 
+void recentre(int) { wcfgl_display::current_centroffset = {0, 0}; }
+
+template <void (*action)()>
+void act_alone(int) {
+    action();
+}
+
+/// By the button alone: number 1112 also stands on a page of the atoms dialog, and acts the same.
+constexpr struct {
+    int button;
+    void (*handler)(int dialog);
+} buttons[]{
+    {button::ok, get_values},
+    {button::cancel, hide_dialog},
+    {button::recentre, recentre},
+    {button::insert_atom, act_alone<insert_atom>},
+    {button::delete_atom, act_alone<delete_atom>},
+    {button::insert_k_vector, act_alone<insert_k_vector>},
+    {button::delete_k_vector, act_alone<delete_k_vector>},
+    {button::insert_bond, act_alone<insert_bond>},
+    {button::delete_bond, act_alone<delete_bond>},
+};
+
 void push_button(const MessageRecord& message) {
-    switch (message.VALUE1) {
-        case button::ok:
-            get_values(message.WIN);
-            break;
-        case button::cancel:
-            hide_dialog(message.WIN);
-            break;
-        case button::recentre:
-            wcfgl_display::current_centroffset = {0, 0};
-            break;
-        case button::insert_atom:
-            insert_atom();
-            break;
-        case button::delete_atom:
-            delete_atom();
-            break;
-        // One page of the atoms dialog has a button of this number too; it does the same.
-        case button::delete_k_vector:
-            delete_k_vector();
-            break;
-        case button::insert_k_vector:
-            insert_k_vector();
-            break;
-        case button::delete_bond:
-            delete_bond();
-            break;
-        case button::insert_bond:
-            insert_bond();
-            break;
-        default:
-            break;
-    }
+    for (const auto& row : buttons)
+        if (row.button == message.VALUE1) return row.handler(message.WIN);
 }
 
 void close_window(int window) {
