@@ -1,127 +1,88 @@
 #include "scene/box_cells.hpp"
 
-#include "scene/wcfgl_metrix.hpp"
-
-#include <algorithm>
 #include <cmath>
 
 namespace box_cells {
 namespace {
 
 // Beyond 2^24 the cells can't be told apart in 32-bit reals. A box that reaches so far is a slip of
-// the keyboard, and it must neither overflow an int nor be walked through for hours.
+// the keyboard, and it must not overflow an int.
 constexpr float farthest_cell = 16777216.0f;
 
-// A list of this many spheres takes half a second and a quarter of a gigabyte.
-constexpr double most_objects = 4194304.0;
-// Of a box beyond that so little can be made out that a part will do; a part that is drawn at once,
-// so that the user can correct the box.
-constexpr double objects_of_a_part = 65536.0;
+constexpr Cells none{{0, 0, 0}, {-1, -1, -1}};
 
 int truncated(float value) {
-    if (!(value == value)) return 0;  // NaN: the box holds nothing
     return static_cast<int>(std::clamp(value, -farthest_cell, farthest_cell));
-}
-
-int count(const Cells& block, std::size_t axis) {
-    return std::max(0, block.last[axis] - block.first[axis] + 1);
-}
-
-double volume(const Cells& block) {
-    double product = 1.0;
-    for (std::size_t axis = 0; axis < 3; ++axis) product *= count(block, axis);
-    return product;
-}
-
-/// The first of first..last for which `holds`, which is false and then true; last + 1 if it never
-/// is.
-template <class Predicate>
-int first_where(int first, int last, Predicate holds) {
-    while (first <= last) {
-        const int middle = first + (last - first) / 2;
-        if (holds(middle))
-            last = middle - 1;
-        else
-            first = middle + 1;
-    }
-    return first;
-}
-
-void halve(Cells& block, std::size_t axis) {
-    const int n = count(block, axis);
-    block.first[axis] += (n - n / 2) / 2;
-    block.last[axis] = block.first[axis] + n / 2 - 1;
-}
-
-std::size_t longest_axis(const Cells& block) {
-    std::size_t longest = 0;
-    for (std::size_t axis = 1; axis < 3; ++axis)
-        if (count(block, axis) > count(block, longest)) longest = axis;
-    return longest;
 }
 
 }  // namespace
 
-Cells cells_of_box(int below, int above) {
-    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
-    const wcfgl_metrix::Box& box = *wcfgl_metrix::current_box;
+double Cells::count() const {
+    if (empty()) return 0.0;
+    double product = 1.0;
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        product *= static_cast<double>(last[axis]) - first[axis] + 1.0;
+    return product;
+}
+
+Cells cells_of_box(const Box& box, int below, int above) {
     Cells block;
     for (std::size_t axis = 0; axis < 3; ++axis) {
-        block.first[axis] = truncated(box[2 * axis]) - below;
-        block.last[axis] = truncated(box[2 * axis + 1]) + above;
-    }
-    return block;
-}
-
-Extent extent_of(std::span<const Vector3f> positions) {
-    if (positions.empty()) return {};
-    Extent extent{positions.front(), positions.front()};
-    for (const Vector3f& x : positions)
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            extent.lowest[axis] = std::fmin(extent.lowest[axis], x[axis]);
-            extent.highest[axis] = std::fmax(extent.highest[axis], x[axis]);
-        }
-    return extent;
-}
-
-void leave_out_empty(Cells& block, const Extent& extent) {
-    const wcfgl_metrix::Box& box = *wcfgl_metrix::current_box;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const float lowest = extent.lowest[axis];
-        const float highest = extent.highest[axis];
         const float minimum = box[2 * axis];
         const float maximum = box[2 * axis + 1];
-        int& first = block.first[axis];
-        int& last = block.last[axis];
-        // Rounding keeps the order of sums, so each test changes once along the axis; and the
-        // sums are those of the drawing, so that no position on a face is lost.
-        first = first_where(first, last,
-                            [&](int i) { return !(highest + static_cast<float>(i) < minimum); });
-        last = first_where(first, last,
-                           [&](int i) { return lowest + static_cast<float>(i) > maximum; }) -
-               1;
+        if (std::isnan(minimum) || std::isnan(maximum)) return none;
+        block.first[axis] = truncated(minimum) - below;
+        block.last[axis] = truncated(maximum) + above;
     }
-}
-
-void keep_drawable(Cells& block, std::size_t objects_per_cell) {
-    const double objects = static_cast<double>(objects_per_cell);
-    if (volume(block) * objects <= most_objects) return;
-    while (volume(block) * objects > objects_of_a_part && volume(block) > 1.0)
-        halve(block, longest_axis(block));
-}
-
-Cells cells_around(std::span<const Vector3f> positions, int below, int above) {
-    Cells block = cells_of_box(below, above);
-    leave_out_empty(block, extent_of(positions));
-    keep_drawable(block, positions.size());
     return block;
 }
 
-Cells cells_around(const Vector3f& x, int below, int above, std::size_t objects) {
-    Cells block = cells_of_box(below, above);
-    leave_out_empty(block, {x, x});
-    keep_drawable(block, objects);
+Finder::Finder(const Box& box, int below, int above)
+    : box_(box), among_(cells_of_box(box, below, above)) {}
+
+// Rounding keeps the order of sums, so that each limit is passed once along an axis. The difference
+// tells where, but for the rounding; the sums, which are what is drawn, have the last word.
+Cells Finder::cells_of(const Vector3f& x) const {
+    Cells block = among_;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const int lowest = among_.first[axis], highest = among_.last[axis];
+        const float minimum = box_[2 * axis], maximum = box_[2 * axis + 1];
+        const auto at = [&](int cell) { return x[axis] + static_cast<float>(cell); };
+        const auto about = [&](float limit) {
+            return std::clamp(truncated(limit - x[axis]), lowest, highest);
+        };
+        if (lowest > highest || std::isnan(x[axis])) return none;
+        int& first = block.first[axis];
+        first = about(minimum);
+        while (first > lowest && at(first - 1) >= minimum) --first;
+        while (first <= highest && at(first) < minimum) ++first;
+        int& last = block.last[axis];
+        last = about(maximum);
+        while (last < highest && at(last + 1) <= maximum) ++last;
+        while (last >= lowest && at(last) > maximum) --last;
+        if (last < first) return none;
+    }
     return block;
+}
+
+Cells common(const Cells& a, const Cells& b) {
+    Cells block;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        block.first[axis] = std::max(a.first[axis], b.first[axis]);
+        block.last[axis] = std::min(a.last[axis], b.last[axis]);
+    }
+    return block;
+}
+
+Cells Copies::hull() const {
+    if (things_.empty()) return none;
+    Cells all = things_.front().cells;
+    for (const Thing& thing : things_)
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            all.first[axis] = std::min(all.first[axis], thing.cells.first[axis]);
+            all.last[axis] = std::max(all.last[axis], thing.cells.last[axis]);
+        }
+    return all;
 }
 
 }  // namespace box_cells

@@ -2,12 +2,15 @@
 ///
 /// Nodes stand in the order of insertion, which is the order of the file. Each node owns the
 /// display list of its own objects; the main list of a NodeList calls those of the visible nodes,
-/// so that a frame costs one call. When the lists are rebuilt is each unit's own affair: a removal
-/// here, for one, leaves the main list as it is.
+/// so that a frame costs one call. Both are compiled when they are next drawn: a file of n lines
+/// costs n compilations, and what comes and goes between two frames costs none.
+///
+/// What makes the objects of a node stale is each unit's own affair.
 #pragma once
 
 #include "common/fatal.hpp"
 #include "scene/display_list.hpp"
+#include "scene/shown_box.hpp"
 
 #include <cstddef>
 #include <iterator>
@@ -18,6 +21,7 @@
 /// A Node is default constructible and has the members
 ///
 ///     int nodisplay = 0;           // not 0: left out of the main list
+///     bool stale = true;           // its objects aren't compiled; for compile_nodes only
 ///     DisplayList dlist;           // its objects; deleted with the node
 ///     std::unique_ptr<Node> next;  // empty at the tail; moved by NodeList only
 template <class Node>
@@ -85,11 +89,12 @@ public:
         (tail_ != nullptr ? tail_->next : head_) = std::move(node);
         tail_ = &added;
         ++size_;
+        some_stale_ = true;
+        contents_changed();
         return added;
     }
 
-    /// Removes the node at a 1-based position; an index outside the list changes nothing. The main
-    /// list isn't rebuilt: it keeps a call of the deleted list, which OpenGL ignores.
+    /// Removes the node at a 1-based position; an index outside the list changes nothing.
     void remove(int index) {
         if (index < 1) return;
         if (index == 1) return remove_head();
@@ -99,44 +104,77 @@ public:
         unlink(before->next);
     }
 
-    /// Removes all nodes, first to last, and forgets the main list's name without deleting that
-    /// list; the next compile_main_list takes a new one.
+    /// Removes all nodes, first to last. The main list's name stays for the nodes to come.
     void clear() {
         while (head_) remove_head();
-        main_list_ = 0;
     }
 
-    /// Compiles the main list anew, a call for each visible node in order; its name is taken at
-    /// the first time. Does nothing on an empty list.
-    void compile_main_list() {
-        if (empty()) return;
-        if (main_list_ == 0) main_list_ = glGenLists(1);
-        glNewList(main_list_, GL_COMPILE);
-        for (const Node& node : *this)
-            if (node.nodisplay == 0) glCallList(node.dlist.name());
-        glEndList();
+    /// The objects of `node` have changed: its list is compiled anew at the next frame.
+    void make_stale(Node& node) {
+        node.stale = true;
+        some_stale_ = true;
+        contents_changed();
     }
 
-    /// Sets `nodisplay` on the nodes for which `chosen` holds, and compiles the main list anew.
+    /// construct(node) for each stale node, which compiles its list; for all nodes with `all`, or
+    /// when another part of the box is shown than the last time.
+    template <class Construct>
+    void compile_nodes(bool all, Construct construct) {
+        const unsigned generation = shown_box::generation();
+        all = all || generation != generation_;
+        generation_ = generation;
+        if (!all && !some_stale_) return;
+        some_stale_ = false;
+        for (Node& node : *this) {
+            if (!all && !node.stale) continue;
+            construct(node);
+            node.stale = false;
+        }
+    }
+
+    /// The main list is compiled anew when it is next called.
+    void renew_main_list() { main_list_stale_ = true; }
+
+    /// Sets `nodisplay` on the nodes for which `chosen` holds, and renews the main list.
     template <class Predicate>
     void change_plotting_status(int nodisplay, Predicate chosen) {
         for (Node& node : *this)
             if (chosen(std::as_const(node))) node.nodisplay = nodisplay;
-        compile_main_list();
+        renew_main_list();
     }
     void change_plotting_status(int nodisplay) {
         change_plotting_status(nodisplay, [](const Node&) { return true; });
     }
 
-    /// The name of the main list; 0 before the first compile_main_list.
+    /// The name of the main list; 0 before its first call.
     GLuint main_list() const { return main_list_; }
 
-    /// Calls the main list, if there is one.
-    void call_main_list() const {
-        if (main_list_ != 0) glCallList(main_list_);
+    /// Calls the lists of the visible nodes in order, through the main list, which is compiled
+    /// first where that is due; its name is taken the first time, and kept. Nothing on an empty
+    /// list.
+    void call_main_list() {
+        if (empty()) return;
+        if (main_list_stale_) compile_main_list();
+        glCallList(main_list_);
     }
 
 private:
+    void compile_main_list() {
+        if (main_list_ == 0) main_list_ = glGenLists(1);
+        glNewList(main_list_, GL_COMPILE);
+        for (const Node& node : *this)
+            if (node.nodisplay == 0) glCallList(node.dlist.name());
+        glEndList();
+        main_list_stale_ = false;
+    }
+
+    /// Nodes have come or gone, or hold other objects. The main list must not keep the call of a
+    /// list that is gone: its name may come back as that of a node elsewhere.
+    void contents_changed() {
+        main_list_stale_ = true;
+        shown_box::contents_changed();
+    }
+
     /// The link that holds the node at `index`, or the empty one behind the tail.
     std::unique_ptr<Node>& link_at(int index) {
         std::unique_ptr<Node>* link = &head_;
@@ -150,6 +188,7 @@ private:
         std::unique_ptr<Node> node = std::move(link);
         link = std::move(node->next);
         --size_;
+        contents_changed();
     }
 
     void remove_head() {
@@ -162,4 +201,7 @@ private:
     Node* tail_ = nullptr;
     std::size_t size_ = 0;
     GLuint main_list_ = 0;
+    bool main_list_stale_ = true;
+    bool some_stale_ = false;
+    unsigned generation_ = 0;  ///< of shown_box, when the nodes were compiled
 };

@@ -3,6 +3,7 @@
 #include "common/fatal.hpp"
 #include "common/list_write.hpp"
 #include "scene/box_cells.hpp"
+#include "scene/shown_box.hpp"
 #include "scene/wcfgl_atomic_table.hpp"
 #include "scene/wcfgl_metrix.hpp"
 #include "scene/wcfgl_objects_definition.hpp"
@@ -12,6 +13,8 @@ namespace {
 
 struct State {
     NodeList<AtomNode> atoms;
+
+    State() { shown_box::add_counter(objects_in); }
 };
 State& state = *new State;  // never destroyed: at exit the OpenGL context is gone
 
@@ -30,14 +33,25 @@ void draw_sphere(const Vector3f& x, float radius) {
     glPopMatrix();
 }
 
+/// A position may be drawn one cell beyond those that the box begins and ends in: it is folded into
+/// the first cell, so no other can bring it inside.
+box_cells::Finder finder(const box_cells::Box& box) { return {box, 1, 1}; }
+
 void draw_copies(const Atom& atom) {
-    const box_cells::Cells cells = box_cells::cells_around(atom.xf_eq, 1, 1);
-    box_cells::for_each_cell(cells, [&](const Vector3i& cell) {
-        for (const Vector3f& position : atom.xf_eq) {
-            const Vector3f x = box_cells::moved(position, cell);
-            if (wcfgl_metrix::in_limit(x)) draw_sphere(x, atom.radius);
-        }
+    const box_cells::Finder find = finder(shown_box::box());
+    box_cells::Copies copies;
+    for (std::size_t n = 0; n < atom.xf_eq.size(); ++n) copies.add(n, find.cells_of(atom.xf_eq[n]));
+    copies.for_each([&](std::size_t n, const Vector3i& cell) {
+        if (shown_box::take_room()) draw_sphere(box_cells::moved(atom.xf_eq[n], cell), atom.radius);
     });
+}
+
+/// Positions are those of the group that the list was last brought up to date with: a group that
+/// comes and goes between two frames costs nothing.
+void follow_group(AtomNode& node) {
+    if (node.group_number == wcfgl_metrix::spacegroup_number) return;
+    wcfgl_glatom::calculate_eq_positions(node.atom, *wcfgl_metrix::current_space_group);
+    node.group_number = wcfgl_metrix::spacegroup_number;
 }
 
 template <class Predicate>
@@ -75,15 +89,15 @@ void push_atom(const NewAtom& added) {
     if (first && wcfgl_objects_definition::atom_definition == 0)
         wcfgl_objects_definition::init_atom();
     if (!wcfgl_metrix::current_space_group) wcfgl_metrix::init_spacegroup();
+    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();  // the first frame is framed by it
     const Colour colour =
         added.colour ? *added.colour : wcfgl_atomic_table::get_color_from_symbol(added.symbol);
     wcfgl_glatom::new_gl_atom(added.label, added.symbol, added.xf, added.reserved_value,
                               added.radius, colour, *wcfgl_metrix::current_space_group, node.atom);
     node.atom.default_colour = added.colour ? 0 : 1;
+    node.group_number = wcfgl_metrix::spacegroup_number;
     node.nodisplay = added.nodisplay;
     node.dlist.generate();
-    construct_atom_dlist(node);
-    create_main_atom_list();
 }
 
 void pop_atom(int index) { state.atoms.remove(index); }
@@ -101,10 +115,12 @@ void modify_atom(int index, const AtomChange& change) {
         create_main_atom_list();
     }
     if (!change.xf && !change.radius && !change.colour && !change.use_default_colour) return;
+    state.atoms.make_stale(*node);
     if (change.radius) atom.radius = *change.radius;
     if (change.xf) {
         atom.xf = *change.xf;
         wcfgl_glatom::calculate_eq_positions(atom, *wcfgl_metrix::current_space_group);
+        node->group_number = wcfgl_metrix::spacegroup_number;
     }
     if (change.colour) {
         atom.colour = *change.colour;
@@ -114,7 +130,6 @@ void modify_atom(int index, const AtomChange& change) {
         atom.colour = wcfgl_atomic_table::get_color_from_symbol(atom.symbol);
         atom.default_colour = 1;
     }
-    construct_atom_dlist(*node);
 }
 
 bool search_atom_list_by_label(const FixedText<10>& label, std::vector<Atom>& atomlist) {
@@ -131,25 +146,35 @@ void change_hatoms_plotting_status(int nodisplay) {
     state.atoms.change_plotting_status(nodisplay, is_hydrogen);
 }
 
-void create_main_atom_list() { state.atoms.compile_main_list(); }
+void create_main_atom_list() { state.atoms.renew_main_list(); }
+
+double objects_in(const wcfgl_metrix::Box& box, shown_box::Count count) {
+    const box_cells::Finder find = finder(box);
+    double spheres = 0.0;
+    for (AtomNode& node : state.atoms) {
+        follow_group(node);
+        if (count == shown_box::Count::AtMost)
+            spheres += static_cast<double>(node.atom.xf_eq.size()) * find.most_cells();
+        else
+            for (const Vector3f& x : node.atom.xf_eq) spheres += find.cells_of(x).count();
+    }
+    return spheres;
+}
 
 void construct_atom_dlist(AtomNode& node) {
-    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
-    if (wcfgl_metrix::spacegroup_changed != 0)
-        wcfgl_glatom::calculate_eq_positions(node.atom, *wcfgl_metrix::current_space_group);
+    follow_group(node);
     glNewList(node.dlist.name(), GL_COMPILE);
     glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, node.atom.colour.data());
     draw_copies(node.atom);
     glEndList();
 }
 
-void update_all_atoms() {
-    for (AtomNode& node : state.atoms) construct_atom_dlist(node);
-}
+void update_all_atoms() { state.atoms.compile_nodes(true, construct_atom_dlist); }
 
 void draw_atoms() {
     using namespace wcfgl_metrix;
-    if (box_changed != 0 || cell_changed != 0 || spacegroup_changed != 0) update_all_atoms();
+    const bool all = box_changed != 0 || cell_changed != 0 || spacegroup_changed != 0;
+    state.atoms.compile_nodes(all, construct_atom_dlist);
     state.atoms.call_main_list();
 }
 

@@ -6,6 +6,7 @@
 #include "scene/display_list.hpp"
 #include "scene/node_list.hpp"
 #include "scene/wcfgl_glatom.hpp"
+#include "scene/wcfgl_metrix.hpp"
 
 #include <memory>
 #include <optional>
@@ -18,7 +19,9 @@ using wcfgl_glatom::Atom;
 
 struct AtomNode {
     Atom atom;
+    unsigned group_number = 0;  ///< wcfgl_metrix::spacegroup_number of the positions in `atom`
     int nodisplay = 0;
+    bool stale = true;
     DisplayList dlist;
     std::unique_ptr<AtomNode> next;
 };
@@ -36,7 +39,7 @@ struct NewAtom {
 /// Appends an atom. Makes the group "P 1" if there is none.
 void push_atom(const NewAtom& added);
 
-/// An index outside the list changes nothing. The main list is left as it is.
+/// An index outside the list changes nothing.
 void pop_atom(int index);
 void empty_atom_list();
 
@@ -63,15 +66,19 @@ bool search_atom_list_by_symbol(const FixedText<2>& symbol, std::vector<Atom>& a
 void change_atoms_plotting_status(int nodisplay);
 void change_hatoms_plotting_status(int nodisplay);
 
-/// Compiles the main list anew: a call for each visible atom in order.
+/// The main list, a call for each visible atom in order, is compiled anew when it is next called.
 void create_main_atom_list();
 
-/// Compiles the node's copies in the box, after finding its equivalent positions again where the
-/// group has changed since the last frame.
+/// How many spheres would be drawn if `box` were the box.
+double objects_in(const wcfgl_metrix::Box& box, shown_box::Count count);
+
+/// Compiles the node's copies in the box, after finding its equivalent positions again where they
+/// are those of an earlier group.
 void construct_atom_dlist(AtomNode& node);
 void update_all_atoms();
 
-/// A part of a frame: rebuilds all atoms if box, cell or group have changed, calls the main list.
+/// A part of a frame: compiles new and changed atoms, all if box, cell or group have changed, and
+/// calls the main list.
 void draw_atoms();
 
 /// "label symbol" of each atom, and a last entry "-New atom-   ".

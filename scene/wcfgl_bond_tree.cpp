@@ -2,6 +2,7 @@
 
 #include "common/list_write.hpp"
 #include "scene/box_cells.hpp"
+#include "scene/shown_box.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_geometry.hpp"
 #include "scene/wcfgl_metrix.hpp"
@@ -21,6 +22,8 @@ using wcfgl_glbond::Bonds;
 
 struct State {
     NodeList<BondNode> bonds;
+
+    State() { shown_box::add_counter(objects_in); }
 };
 State& state = *new State;  // never destroyed: at exit the GL context is gone
 
@@ -56,8 +59,6 @@ void push(const Rule& rule, std::span<const Atom> list1, std::span<const Atom> l
     node.nodisplay = rule.nodisplay;
     node.bond = std::move(found);
     node.dlist.generate();
-    construct_bond_dlist(node);
-    create_main_bond_dlist();
 }
 
 /// One half of a stick: the unit rod from `from` along the bond.
@@ -72,11 +73,20 @@ void draw_half(const Vector3f& from, const Vector3f& along, float radius, const 
     glPopMatrix();
 }
 
-/// The stick of one bond in the cell at `t`; none when an end lies outside the box.
+Vector3f first_end(const BondEnds& ends) { return {ends[0], ends[1], ends[2]}; }
+Vector3f second_end(const BondEnds& ends) { return {ends[3], ends[4], ends[5]}; }
+
+/// The cells in which both ends of a bond lie in the box. They are sought from those that the first
+/// end can be in the box in; one cell less at the upper end than atoms have.
+box_cells::Finder finder(const box_cells::Box& box) { return {box, 1, 0}; }
+box_cells::Cells cells_of(const BondEnds& ends, const box_cells::Finder& find) {
+    return box_cells::common(find.cells_of(first_end(ends)), find.cells_of(second_end(ends)));
+}
+
+/// The stick of one bond in the cell at `t`.
 void draw_stick(const BondNode& node, const Bond& bond, const BondEnds& ends, const Vector3i& t) {
-    const Vector3f end1 = box_cells::moved({ends[0], ends[1], ends[2]}, t);
-    const Vector3f end2 = box_cells::moved({ends[3], ends[4], ends[5]}, t);
-    if (!wcfgl_metrix::in_limit(end1) || !wcfgl_metrix::in_limit(end2)) return;
+    const Vector3f end1 = box_cells::moved(first_end(ends), t);
+    const Vector3f end2 = box_cells::moved(second_end(ends), t);
     if (!(wcfgl_geometry::vect_norm_3d(end2 - end1) > 0.0f)) return;
     const Vector3f p1 = wcfgl_metrix::f2c_r(end1);
     const Vector3f p2 = wcfgl_metrix::f2c_r(end2);
@@ -111,35 +121,43 @@ void pop_bond(int index) { state.bonds.remove(index); }
 
 void empty_bond_list() { state.bonds.clear(); }
 
-/// A bond is drawn in the cells that its first end can be in the box in; one cell less at the upper
-/// end than atoms have.
+double objects_in(const wcfgl_metrix::Box& box, shown_box::Count count) {
+    const box_cells::Finder find = finder(box);
+    double sticks = 0.0;
+    for (const BondNode& node : state.bonds)
+        if (count == shown_box::Count::AtMost)
+            sticks += static_cast<double>(node.bond.columns().size()) * find.most_cells();
+        else
+            for (const BondEnds& ends : node.bond.columns()) sticks += cells_of(ends, find).count();
+    return sticks;
+}
+
 void construct_bond_dlist(BondNode& node) {
-    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
     glNewList(node.dlist.name(), GL_COMPILE);
-    std::vector<Vector3f> first_ends;
+    const box_cells::Finder find = finder(shown_box::box());
+    box_cells::Copies copies;
     for (std::size_t n = 0; n < node.bond.filled(); ++n) {
         const Bond bond = node.bond.filled(n);
-        first_ends.clear();
-        for (const BondEnds& ends : bond.xf) first_ends.push_back({ends[0], ends[1], ends[2]});
-        box_cells::for_each_cell(box_cells::cells_around(first_ends, 1, 0), [&](const Vector3i& t) {
-            for (const BondEnds& ends : bond.xf) draw_stick(node, bond, ends, t);
+        copies.clear();
+        for (std::size_t column = 0; column < bond.xf.size(); ++column)
+            copies.add(column, cells_of(bond.xf[column], find));
+        copies.for_each([&](std::size_t column, const Vector3i& t) {
+            if (shown_box::take_room()) draw_stick(node, bond, bond.xf[column], t);
         });
     }
     glEndList();
 }
 
 void update_all_bonds() {
-    for (BondNode& node : state.bonds)
-        if (wcfgl_metrix::box_changed) construct_bond_dlist(node);
+    state.bonds.compile_nodes(wcfgl_metrix::box_changed != 0, construct_bond_dlist);
 }
 
 void draw_bonds() {
-    if (wcfgl_metrix::box_changed || wcfgl_metrix::cell_changed || wcfgl_metrix::spacegroup_changed)
-        update_all_bonds();
+    update_all_bonds();
     state.bonds.call_main_list();
 }
 
-void create_main_bond_dlist() { state.bonds.compile_main_list(); }
+void create_main_bond_dlist() { state.bonds.renew_main_list(); }
 
 void change_bonds_plotting_status(int nodisplay) { state.bonds.change_plotting_status(nodisplay); }
 

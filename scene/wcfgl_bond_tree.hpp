@@ -12,6 +12,7 @@
 #include "scene/display_list.hpp"
 #include "scene/node_list.hpp"
 #include "scene/wcfgl_glbond.hpp"
+#include "scene/wcfgl_metrix.hpp"
 
 #include <memory>
 #include <optional>
@@ -33,6 +34,7 @@ struct BondNode {
     float radius = 1.0f;    ///< of the stick
     Bonds bond;
     int nodisplay = 0;
+    bool stale = true;
     DisplayList dlist;
     std::unique_ptr<BondNode> next;
 };
@@ -46,21 +48,22 @@ void push_bond_by_symbol(const FixedText<2>& symbol1, const FixedText<2>& symbol
                          float min_distance, float max_distance, float radius, int nodisplay,
                          const std::optional<Colour>& colour = std::nullopt);
 
-/// Removes the rule at the position `index`, from 1; outside the list nothing happens. The main
-/// list is not rebuilt: its call of the deleted list does nothing.
+/// Removes the rule at the position `index`, from 1; outside the list nothing happens.
 void pop_bond(int index);
 void empty_bond_list();
 
+/// How many sticks would be drawn if `box` were the box.
+double objects_in(const wcfgl_metrix::Box& box, shown_box::Count count);
 /// Recompiles the rule's sticks over the box. A bond with an end beyond the box is left out whole.
 void construct_bond_dlist(BondNode& node);
-/// Recompiles all rules, but only while the box is marked as changed: a change of the cell alone
+/// Compiles new rules, and all while the box is marked as changed: a change of the cell alone
 /// leaves the sticks where they are.
 void update_all_bonds();
 /// Once a frame.
 void draw_bonds();
-/// Compiles the calls of the visible rules' lists; nothing with an empty list.
+/// The calls of the visible rules' lists are compiled anew when they are next drawn.
 void create_main_bond_dlist();
-/// Sets `nodisplay` on all rules and rebuilds the main list.
+/// Sets `nodisplay` on all rules.
 void change_bonds_plotting_status(int nodisplay);
 
 /// One entry for each rule, "Fe--O", and a last one, "-New bond-".

@@ -41,6 +41,9 @@ public:
     std::size_t filled() const { return records_.size(); }
     Bond filled(std::size_t i) const { return bond(records_[i]); }
 
+    /// The bonds of all records, in order.
+    std::span<const BondEnds> columns() const { return columns_; }
+
     /// Distances that the search has computed.
     std::size_t distance_tests() const { return distance_tests_; }
 

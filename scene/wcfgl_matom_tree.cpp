@@ -3,6 +3,8 @@
 #include "crystal/crystallographic_symmetry/operators.hpp"
 #include "crystal/crystallographic_symmetry/space_group.hpp"
 #include "crystal/math_gen.hpp"
+#include "scene/box_cells.hpp"
+#include "scene/shown_box.hpp"
 #include "scene/wcfgl_metrix.hpp"
 #include "scene/wcfgl_objects_definition.hpp"
 
@@ -16,6 +18,8 @@ using crystallographic_symmetry::Space_Group_Type;
 
 struct State {
     NodeList<MatomNode> matoms;
+
+    State() { shown_box::add_counter(objects_in); }
 };
 State& state = *new State;  // never destroyed: at exit the GL context is gone
 
@@ -184,6 +188,7 @@ void push_matom(const FixedText<10>& label, const FixedText<2>& symbol, const Ve
     MatomNode& node = state.matoms.push_back(first ? "matom_list_head" : "current_node%next");
     if (first && wcfgl_objects_definition::moment_definition == 0)
         wcfgl_objects_definition::init_moment();
+    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();  // the first frame is framed by it
     node.label = label;
     node.symbol = symbol;
     node.xf = math_gen::modulo_lat(xf);
@@ -193,15 +198,13 @@ void push_matom(const FixedText<10>& label, const FixedText<2>& symbol, const Ve
     node.dlist.generate();
     node.moment = std::move(moments);
     expand(node);
-    construct_matom_dlist(node);
-    create_main_matom_list();
 }
 
 void pop_matom(int index) { state.matoms.remove(index); }
 
 void empty_matom_list() { state.matoms.clear(); }
 
-void create_main_matom_list() { state.matoms.compile_main_list(); }
+void create_main_matom_list() { state.matoms.renew_main_list(); }
 
 void change_matoms_plotting_status(int nodisplay) {
     state.matoms.change_plotting_status(nodisplay);
@@ -209,13 +212,24 @@ void change_matoms_plotting_status(int nodisplay) {
 
 const MatomNode* matom_list_head() { return state.matoms.at(1); }
 
-void update_all_matoms() {
-    for (MatomNode& node : state.matoms) construct_matom_dlist(node);
+double objects_in(const wcfgl_metrix::Box& box, shown_box::Count count) {
+    const box_cells::Finder find = finder(box);
+    double arrows = 0.0;
+    for (const MatomNode& node : state.matoms) {
+        const double of_a_place = node.group ? 1.0 : static_cast<double>(node.moment.size());
+        if (count == shown_box::Count::AtMost)
+            arrows += of_a_place * static_cast<double>(node.xf_eq.size()) * find.most_cells();
+        else
+            for (const Vector3f& x : node.xf_eq) arrows += of_a_place * find.cells_of(x).count();
+    }
+    return arrows;
 }
 
+void update_all_matoms() { state.matoms.compile_nodes(true, construct_matom_dlist); }
+
 void draw_matoms() {
-    if (state.matoms.main_list() == 0) return;
-    if (wcfgl_metrix::box_changed || wcfgl_metrix::cell_changed) update_all_matoms();
+    const bool all = wcfgl_metrix::box_changed || wcfgl_metrix::cell_changed;
+    state.matoms.compile_nodes(all, construct_matom_dlist);
     state.matoms.call_main_list();
 }
 

@@ -13,8 +13,10 @@
 
 #include "common/fixed_text.hpp"
 #include "common/vec.hpp"
+#include "scene/box_cells.hpp"
 #include "scene/display_list.hpp"
 #include "scene/node_list.hpp"
+#include "scene/wcfgl_metrix.hpp"
 
 #include <array>
 #include <complex>
@@ -94,6 +96,7 @@ struct MatomNode {
     std::vector<Vector3f> xf_eq;
     std::vector<MomentRecord> moment;
     int nodisplay = 0;
+    bool stale = true;
     int group = 0;       ///< non-zero: the components are summed into one arrow
     float scale = 1.0f;  ///< length of the arrow for one unit of moment
     DisplayList dlist;
@@ -111,14 +114,13 @@ void push_matom(const FixedText<10>& label, const FixedText<2>& symbol, const Ve
                 std::span<const FourierComponent> components, float scale, int nodisplay,
                 int group);
 
-/// Removes the atom at the position `index`, from 1; outside the list nothing happens. The main
-/// list is not rebuilt: its call of the deleted list does nothing.
+/// Removes the atom at the position `index`, from 1; outside the list nothing happens.
 void pop_matom(int index);
 void empty_matom_list();
 
-/// Compiles the calls of the visible atoms' lists; nothing with an empty list.
+/// The calls of the visible atoms' lists are compiled anew when they are next drawn.
 void create_main_matom_list();
-/// Sets `nodisplay` on all atoms and rebuilds the main list.
+/// Sets `nodisplay` on all atoms.
 void change_matoms_plotting_status(int nodisplay);
 
 /// The first node, or null; the nodes stay the unit's.
@@ -139,21 +141,26 @@ struct MomentSite {
     Vector3f position{};              ///< fractional
     std::span<const Vector3f> terms;  ///< moment_term of each component
 };
+/// For the lattice translations that bring a column of xf_eq into the box.
+box_cells::Finder finder(const wcfgl_metrix::Box& box);
 /// Calls `visit` for each lattice translation that brings column `p` (from 0) of xf_eq into the
-/// box, the third index running fastest. The terms live for the length of the call.
+/// box, or the part of it that is shown, the third index running fastest. The terms live for the
+/// length of the call.
 void visit_moments(const MatomNode& node, std::size_t p,
                    const std::function<void(const MomentSite&)>& visit);
 
 /// The Cartesian moment for components along a, b, c; the components themselves without a cell.
 Vector3f moment_to_cartesian(const Vector3f& moment);
 
+/// How many arrows would be drawn if `box` were the box.
+double objects_in(const wcfgl_metrix::Box& box, shown_box::Count count);
 /// Recompiles the node's arrows: one for each position inside the box and component (or sum, with
 /// `group`, in the colour of the first component), centred on the atom. A moment of at most 0.0001
 /// has none.
 void construct_matom_dlist(MatomNode& node);
 void update_all_matoms();
-/// Once a frame: rebuilds when the box or the cell has changed (not for the group, which doesn't
-/// matter here), then calls the main list.
+/// Once a frame: compiles new atoms, all when the box or the cell has changed (not for the group,
+/// which doesn't matter here), then calls the main list.
 void draw_matoms();
 
 // ---- text ---------------------------------------------------------------------------------------

@@ -7,6 +7,7 @@
 
 #include "crystal/propagation_vectors.hpp"
 #include "scene/box_cells.hpp"
+#include "scene/shown_box.hpp"
 #include "scene/wcfgl_geometry.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
@@ -122,25 +123,24 @@ void draw_arrows(const MatomNode& node, const MomentSite& site) {
     if (node.group) {
         Vector3f sum{};
         for (const Vector3f& moment : site.terms) sum = sum + moment;
-        draw_arrow(sum, node.scale, node.moment.front().colour);
+        if (shown_box::take_room()) draw_arrow(sum, node.scale, node.moment.front().colour);
     } else {
         for (std::size_t m = 0; m < site.terms.size(); ++m)
-            draw_arrow(site.terms[m], node.scale, node.moment[m].colour);
+            if (shown_box::take_room())
+                draw_arrow(site.terms[m], node.scale, node.moment[m].colour);
     }
     glPopMatrix();
 }
 
 }  // namespace
 
+box_cells::Finder finder(const wcfgl_metrix::Box& box) { return {box, 1, 1}; }
+
 void visit_moments(const MatomNode& node, std::size_t p,
                    const std::function<void(const MomentSite&)>& visit) {
     const Vector3f& x = node.xf_eq[p];
-    const box_cells::Cells cells =
-        box_cells::cells_around(x, 1, 1, node.xf_eq.size() * node.moment.size());
-    // No cell is left that takes x out of the box; only where there are no numbers do any fail.
-    if (!wcfgl_metrix::in_limit(box_cells::moved(x, cells.first)) ||
-        !wcfgl_metrix::in_limit(box_cells::moved(x, cells.last)))
-        return;
+    const box_cells::Cells cells = finder(shown_box::box()).cells_of(x);
+    if (cells.empty()) return;
     std::vector<Wave> waves;
     for (const MomentRecord& moment : node.moment) waves.emplace_back(moment, cells);
     std::vector<Vector3f> terms(waves.size());
@@ -171,7 +171,6 @@ Vector3f moment_to_cartesian(const Vector3f& m) {
 }
 
 void construct_matom_dlist(MatomNode& node) {
-    if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
     glNewList(node.dlist.name(), GL_COMPILE);
     for (std::size_t p = 0; p < node.xf_eq.size(); ++p)
         visit_moments(node, p, [&](const MomentSite& site) { draw_arrows(node, site); });

@@ -2,6 +2,7 @@
 
 #include "crystal/group_symbol.hpp"
 #include "scene/box_cells.hpp"
+#include "scene/shown_box.hpp"
 #include "scene/wcfgl_geometry.hpp"
 #include "scene/wcfgl_objects_definition.hpp"
 #include "toolkit/gl_calls.hpp"
@@ -22,6 +23,7 @@ constinit double current_maxsize = 0.0;
 constinit int cell_changed = 0;
 constinit int box_changed = 0;
 constinit int spacegroup_changed = 0;
+constinit unsigned spacegroup_number = 0;
 
 namespace {
 
@@ -149,6 +151,30 @@ void derive_frame() {
     current_maxsize = static_cast<double>(largest);
 }
 
+void tell_of_group() {
+    spacegroup_changed = 1;
+    ++spacegroup_number;
+    shown_box::contents_changed();
+}
+
+/// The whole cells of a box. One that spans less than one in some direction has none.
+box_cells::Cells whole_cells(const Box& box) { return box_cells::cells_of_box(box, 0, -1); }
+
+/// Menus write the cell's flags as they like.
+void tell_of_wires() {
+    static bool counted = false;
+    const bool many = current_cell && current_cell->nodisplay == 0 && current_cell->multiple != 0;
+    if (many != counted) shown_box::contents_changed();
+    counted = many;
+}
+
+double wires_in(const Box& box, shown_box::Count) {
+    if (!current_cell || current_cell->nodisplay != 0 || current_cell->multiple == 0) return 0.0;
+    return whole_cells(box).count();
+}
+
+[[maybe_unused]] const bool registered = (shown_box::add_counter(wires_in), true);
+
 }  // namespace
 
 void define_cell(const Vector3f& cell_length, const Vector3f& cell_angle) {
@@ -181,7 +207,7 @@ void init_box() {
 void init_spacegroup() {
     if (!current_space_group) current_space_group.emplace();
     crystallographic_symmetry::set_spacegroup("P 1", *current_space_group);
-    spacegroup_changed = 1;
+    tell_of_group();
 }
 
 void define_spacegroup(std::string_view symbol,
@@ -196,7 +222,7 @@ void define_spacegroup(std::string_view symbol,
                                                   *current_space_group);
     }
     if (crystallographic_symmetry::err_symm) init_spacegroup();
-    spacegroup_changed = 1;
+    tell_of_group();
 }
 
 Vector3f f2c_r(const Vector3f& x) {
@@ -228,14 +254,13 @@ std::array<Vector3f, 6> intersect_volume(const Vector3f& point, const Vector3f& 
 }
 
 void draw_cell() {
+    tell_of_wires();
     if (!current_cell || current_cell->nodisplay != 0) return;
     glDisable(GL_LIGHTING);
     glLineWidth(current_cell->line_width);
     glColor4fv(current_cell->colour.data());
     if (current_cell->multiple != 0) {
-        box_cells::Cells cells = box_cells::cells_of_box(0, -1);
-        box_cells::keep_drawable(cells, 1);
-        box_cells::for_each_cell(cells, [](const Vector3i& cell) {
+        box_cells::for_each_cell(whole_cells(shown_box::box()), [](const Vector3i& cell) {
             const Vector3f corner = f2c_i(cell);
             glPushMatrix();
             glTranslatef(corner[0], corner[1], corner[2]);

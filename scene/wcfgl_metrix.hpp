@@ -61,6 +61,9 @@ extern int cell_changed;
 extern int box_changed;
 extern int spacegroup_changed;
 
+/// Another number with each definition of the group.
+extern unsigned spacegroup_number;
+
 /// Lengths in angstrom, angles in degrees. Unless all six are positive nothing changes; a change
 /// keeps colour, line width, flags and the axes' settings. A current context is needed.
 void define_cell(const Vector3f& cell_length, const Vector3f& cell_angle);

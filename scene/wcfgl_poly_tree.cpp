@@ -26,7 +26,6 @@ void push_poly(const FixedText<10>& label, int nodisplay) {
     glNewList(node.dlist.name(), GL_COMPILE);
     construct_poly_dlist();
     glEndList();
-    create_main_poly_dlist();
 }
 
 void pop_poly(int index) { state.polys.remove(index); }
@@ -55,7 +54,7 @@ void find_edges(std::span<const Vector3f> vertices) {
         }
 }
 
-void create_main_poly_dlist() { state.polys.compile_main_list(); }
+void create_main_poly_dlist() { state.polys.renew_main_list(); }
 
 void draw_polys() { state.polys.call_main_list(); }
 

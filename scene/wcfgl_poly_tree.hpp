@@ -27,8 +27,7 @@ struct PolyNode {
 /// no bonds that start at them. A current context is needed.
 void push_poly(const FixedText<10>& label, int nodisplay);
 
-/// Removes the node at the 1-based position `index`; outside the list nothing happens. The main
-/// list is left as it is.
+/// Removes the node at the 1-based position `index`; outside the list nothing happens.
 void pop_poly(int index);
 void empty_poly_list();
 
@@ -38,7 +37,7 @@ void construct_poly_dlist();
 /// A line from every vertex to every other but the first, so that most are drawn twice.
 void find_edges(std::span<const Vector3f> vertices);
 
-/// Compiles the calls of the visible nodes' lists; nothing with an empty list.
+/// The calls of the visible nodes' lists are compiled anew when they are next drawn.
 void create_main_poly_dlist();
 /// Once a frame.
 void draw_polys();

@@ -12,6 +12,7 @@ namespace {
 struct Node {
     int value = 0;
     int nodisplay = 0;
+    bool stale = true;
     DisplayList dlist;
     std::unique_ptr<Node> next;
 };
@@ -74,40 +75,84 @@ TEST(NodeList, RemovalKeepsTheChainAndTheTail) {
     EXPECT_EQ(list.size(), 0u);
 }
 
+/// The lists that a call of the main list comes to.
+std::vector<GLuint> called(NodeList<Node>& list) {
+    gl_record::clear();
+    list.call_main_list();
+    std::vector<GLuint> names;
+    for (const std::string& call : gl_record::contents(list.main_list()))
+        names.push_back(static_cast<GLuint>(std::stoul(call.substr(call.find('(') + 1))));
+    return gl_record::count("glCallList") > names.size() ? names : std::vector<GLuint>{};
+}
+
+GLuint name_at(NodeList<Node>& list, int index) { return list.at(index)->dlist.name(); }
+
 TEST(NodeList, TheMainListCallsTheVisibleNodesInOrder) {
     NodeList<Node> list;
-    list.compile_main_list();
+    EXPECT_THAT(called(list), testing::IsEmpty());
     EXPECT_EQ(list.main_list(), 0u);  // none for an empty list
     list_of(list, 3);
     list.at(2)->nodisplay = 7;
-    list.compile_main_list();
+    EXPECT_THAT(called(list), testing::ElementsAre(name_at(list, 1), name_at(list, 3)));
     const GLuint main = list.main_list();
-    const auto call = [&](int index) {
-        return "glCallList(" + std::to_string(list.at(index)->dlist.name()) + ")";
-    };
-    EXPECT_THAT(gl_record::contents(main), testing::ElementsAre(call(1), call(3)));
     list.change_plotting_status(1, [](const Node& node) { return node.value == 1; });
-    EXPECT_THAT(gl_record::contents(main), testing::ElementsAre(call(3)));
+    EXPECT_THAT(called(list), testing::ElementsAre(name_at(list, 3)));
     list.change_plotting_status(0);
-    EXPECT_THAT(gl_record::contents(main), testing::ElementsAre(call(1), call(2), call(3)));
+    EXPECT_EQ(called(list).size(), 3u);
     EXPECT_EQ(list.main_list(), main);
 }
 
-TEST(NodeList, ARemovalLeavesTheMainListAndClearForgetsIt) {
+TEST(NodeList, TheMainListIsCompiledOnceBetweenTwoCalls) {
     NodeList<Node> list;
-    list_of(list, 2).compile_main_list();
-    const GLuint main = list.main_list();
     gl_record::clear();
-    const GLuint removed = list.at(1)->dlist.name();
-    list.remove(1);
+    list_of(list, 100);
+    EXPECT_EQ(gl_record::count("glNewList"), 0u);
+    EXPECT_EQ(called(list).size(), 100u);
+    EXPECT_EQ(gl_record::count("glNewList"), 1u);
+    gl_record::clear();
+    list.call_main_list();
+    EXPECT_EQ(gl_record::count("glNewList"), 0u) << "nothing has changed";
+    EXPECT_EQ(gl_record::count("glCallList"), 1u);
+}
+
+// The name of a deleted list comes back with the next one, of whatever unit: a call that stayed
+// behind would draw that.
+TEST(NodeList, NoCallOfARemovedNodeStays) {
+    NodeList<Node> list;
+    list_of(list, 3).call_main_list();
+    gl_record::clear();
+    const GLuint removed = name_at(list, 2);
+    list.remove(2);
     EXPECT_THAT(gl_record::texts(),
                 testing::ElementsAre("glDeleteLists(" + std::to_string(removed) + ", 1)"));
-    EXPECT_EQ(gl_record::contents(main).size(), 2u);
+    EXPECT_THAT(called(list), testing::ElementsAre(name_at(list, 1), name_at(list, 2)));
+}
+
+TEST(NodeList, AnEmptiedListKeepsItsNameForTheNextOne) {
+    NodeList<Node> list;
+    list_of(list, 2).call_main_list();
+    const GLuint main = list.main_list();
     list.clear();
-    EXPECT_EQ(list.main_list(), 0u);
-    EXPECT_TRUE(gl_record::exists(main));
-    list_of(list, 1).compile_main_list();
-    EXPECT_NE(list.main_list(), main);
+    EXPECT_THAT(called(list), testing::IsEmpty());
+    list_of(list, 1);
+    EXPECT_EQ(called(list).size(), 1u);
+    EXPECT_EQ(list.main_list(), main);
+}
+
+TEST(NodeList, OnlyStaleNodesAreCompiledUnlessAllAreAskedFor) {
+    NodeList<Node> list;
+    list_of(list, 3);
+    std::vector<int> compiled;
+    const auto compile = [&](bool all) {
+        compiled.clear();
+        list.compile_nodes(all, [&](const Node& node) { compiled.push_back(node.value); });
+        return compiled;
+    };
+    EXPECT_THAT(compile(false), testing::ElementsAre(1, 2, 3));
+    EXPECT_THAT(compile(false), testing::IsEmpty());
+    list.make_stale(*list.at(2));
+    EXPECT_THAT(compile(false), testing::ElementsAre(2));
+    EXPECT_THAT(compile(true), testing::ElementsAre(1, 2, 3));
 }
 
 TEST(NodeList, AMillionNodesAreFreedWithoutRecursion) {

@@ -243,6 +243,7 @@ struct Arrow {
 };
 std::vector<Arrow> arrows(const MatomNode& node) {
     std::vector<Arrow> found;
+    draw_matoms();
     for (const gl_record::Primitive& p : gl_record::drawn_by(node.dlist.name())) {
         // The shaft is the longer cylinder of the arrow: from its tail to its head.
         if (p.name != "gluCylinder" || p.arguments[0] != p.arguments[1]) continue;
@@ -299,6 +300,7 @@ TEST(Arrows, OneARecordOrOneForTheGroupInTheFirstColour) {
 TEST(Arrows, FollowBoxAndCellButNotTheGroup) {
     define_phase('P', {0, 0, 0}, {"x,y,z"}, {"MSYM u,v,w,0.0"});
     const MatomNode& node = push({}, {component({0, 0, 1})});
+    draw_matoms();
     wcfgl_metrix::box_changed = wcfgl_metrix::cell_changed = wcfgl_metrix::spacegroup_changed = 0;
     const auto compiled_in_a_frame = [&] {
         gl_record::clear();

@@ -296,15 +296,6 @@ TEST(DrawCell, WiresFillTheWholeCellsOfTheBox) {
     EXPECT_TRUE(wire_origins().empty());
 }
 
-TEST(DrawCell, AbsurdBoxesAreDrawnInPartAndAtOnce) {
-    define_cell({2, 2, 2}, {90, 90, 90});
-    current_cell->multiple = 1;
-    define_box(-1e30f, 1e30f, -1e30f, 1e30f, 0, 1e30f);
-    gl_record::clear();
-    draw_cell();
-    EXPECT_LE(gl_record::count("glCallList"), 100000u);
-}
-
 TEST(DrawCell, NothingIsDrawnWithoutACellOrWhenHidden) {
     draw_cell();
     draw_axes();

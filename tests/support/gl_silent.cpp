@@ -15,6 +15,7 @@ struct Counter {
     std::size_t calls = 0;
     std::vector<bool> in_use{true};  ///< by name; 0 is none
     std::vector<GLuint> freed;
+    std::vector<std::size_t> list_calls;  ///< by name
     std::size_t names = 0;
 };
 Counter& counter = *new Counter;  // outlives static objects that still delete lists
@@ -46,6 +47,10 @@ void free_name(GLuint name) {
 std::size_t calls() { return counter.calls; }
 std::size_t names() { return counter.names; }
 
+std::size_t calls_of_list(unsigned name) {
+    return name < counter.list_calls.size() ? counter.list_calls[name] : 0;
+}
+
 }  // namespace gl_silent
 
 using gl_silent::count;
@@ -68,7 +73,12 @@ GLboolean glIsList(GLuint list) {
 }
 void glNewList(GLuint, GLenum) { count(); }
 void glEndList() { count(); }
-void glCallList(GLuint) { count(); }
+void glCallList(GLuint list) {
+    count();
+    std::vector<std::size_t>& calls = gl_silent::counter.list_calls;
+    if (list >= calls.size()) calls.resize(list + 1);
+    ++calls[list];
+}
 
 void glMatrixMode(GLenum) { count(); }
 void glLoadIdentity() { count(); }

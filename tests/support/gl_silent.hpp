@@ -15,4 +15,7 @@ std::size_t calls();
 /// Names of display lists in use now.
 std::size_t names();
 
+/// Calls of the list of that name since the start, those compiled into other lists included.
+std::size_t calls_of_list(unsigned name);
+
 }  // namespace gl_silent
