@@ -1,6 +1,7 @@
 #include "toolkit/base/display.hpp"
 
 #include "toolkit/base/errors.hpp"
+#include "toolkit/base/locale_text.hpp"
 
 #include <X11/Shell.h>
 #include <X11/StringDefs.h>
@@ -62,6 +63,14 @@ int yyXLibErrorEH(Display* display, XErrorEvent* event) {
     std::_Exit(EXIT_FAILURE);
 }
 
+/// Xt's language procedure. Xt's own would take all of the locale, its decimal comma included.
+String follow_locale(Display*, String language, XtPointer) {
+    const char* locale = use_locale(language);
+    // Input methods: those of XMODIFIERS, else the built-in one.
+    if (!XSetLocaleModifiers("")) XSetLocaleModifiers("@im=none");
+    return const_cast<String>(locale);
+}
+
 void quiet_warning(String message) {
     if (idebuglevel > 0) std::fprintf(stderr, "Warning: %s\n", message);
 }
@@ -72,6 +81,7 @@ void yygetdisplayinfo() {
     XtToolkitInitialize();
     DisplayInfo& info = yydisplay;
     info.app = XtCreateApplicationContext();
+    XtSetLanguageProc(info.app, follow_locale, nullptr);
     set_fallback_resources();
     int argc = 1;
     std::array<char*, 2> argv{program_invocation_name, nullptr};

@@ -32,7 +32,7 @@ void free_font(TextFont& font);
 
 /// Width of `text` in pixels, as draw_text draws it.
 int text_width(const TextFont& font, std::string_view text);
-/// Draws `text` (in the encoding of the locale) with its baseline at y in the foreground of `gc`.
+/// Draws `text` (UTF-8) with its baseline at y in the foreground of `gc`.
 void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseline,
                std::string_view text);
 

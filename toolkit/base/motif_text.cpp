@@ -3,7 +3,7 @@
 namespace tesserakit {
 
 std::string taken(char* text) {
-    std::string result = text ? text : "";
+    std::string result = text ? from_locale(text) : "";
     XtFree(text);
     return result;
 }

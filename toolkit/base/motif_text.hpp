@@ -1,6 +1,8 @@
 /// Texts and arguments as Xt and Motif take them.
 #pragma once
 
+#include "toolkit/base/locale_text.hpp"
+
 #include <Xm/Xm.h>
 
 #include <span>
@@ -14,14 +16,14 @@ namespace tesserakit {
 inline String xt_name(const char* text) { return const_cast<String>(text); }
 inline String xt_name(const std::string& text) { return const_cast<String>(text.c_str()); }
 
-/// Takes over a text that Xt or Motif has allocated; null is empty.
+/// Takes over a text of the locale that Xt or Motif has allocated, as UTF-8; null is empty.
 std::string taken(char* text);
 
-/// A compound string that lives as long as its scope. The text is in the locale's encoding.
+/// A compound string of a UTF-8 text; it lives as long as its scope.
 class CompoundText {
 public:
     explicit CompoundText(const std::string& text)
-        : text_(XmStringCreateLocalized(xt_name(text))) {}
+        : text_(XmStringCreateLocalized(xt_name(to_locale(text)))) {}
     ~CompoundText() { XmStringFree(text_); }
     CompoundText(const CompoundText&) = delete;
     CompoundText& operator=(const CompoundText&) = delete;
@@ -31,7 +33,7 @@ private:
     XmString text_;
 };
 
-/// The plain text of a compound string.
+/// The plain text of a compound string, as UTF-8.
 std::string plain_text(XmString text);
 
 /// Arguments of a widget under construction, added by calls in a row: args(name, value)(name,

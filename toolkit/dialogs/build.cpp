@@ -3,6 +3,7 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/base/motif_text.hpp"
+#include "toolkit/base/shell_title.hpp"
 #include "toolkit/dialogs/fields/buttons.hpp"
 #include "toolkit/dialogs/fields/radio.hpp"
 #include "toolkit/dialogs/focus.hpp"
@@ -129,10 +130,9 @@ Widget create_shell(DialogRecord& dialog) {
     else
         args(XmNmaxWidth, dialog.width)(XmNmaxHeight, dialog.height);
     args(XmNmwmFunctions, functions)(XmNmwmDecorations, decorations(dialog));
-    const std::string title = dialog.title.empty() ? " " : dialog.title;
-    args(XmNtitle, title.c_str());
     const Widget shell =
         XmCreateDialogShell(yydialogparent(), xt_name("TessShell"), args.data(), args.count());
+    show_title(shell, dialog.title);
     XmAddWMProtocolCallback(shell, yydisplay.wm_delete_window, yyDGDialogWMCloseCB, &dialog);
     return shell;
 }

@@ -1,6 +1,7 @@
 #include "common/fixed_text.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
+#include "toolkit/base/shell_title.hpp"
 #include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/layout.hpp"
@@ -106,9 +107,7 @@ void wdialogtitle(std::string_view title) {
     DialogRecord* dialog = current_dialog("WDialogTitle");
     if (!dialog) return;
     dialog->title = without_trailing_blanks(title);
-    if (!dialog->shell) return;
-    const std::string shown = dialog->title.empty() ? " " : dialog->title;
-    XtVaSetValues(dialog->shell, XmNtitle, shown.c_str(), nullptr);
+    if (dialog->shell) show_title(dialog->shell, dialog->title);
 }
 
 void wdialogsetfield(int identifier) {

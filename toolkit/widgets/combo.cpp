@@ -83,7 +83,8 @@ void combo_set_options(Widget combo, std::span<const std::string> options) {
 void combo_select(Widget combo, int option) {
     select_item(combo_list(combo), option);
     // XmComboBoxUpdate leaves the text of a combo that was never opened as it was.
-    XmTextFieldSetString(combo_text(combo), xt_name(item_text(combo_list(combo), option)));
+    XmTextFieldSetString(combo_text(combo),
+                         xt_name(to_locale(item_text(combo_list(combo), option))));
 }
 
 int combo_selected(Widget combo) { return selected_item(combo_list(combo)); }

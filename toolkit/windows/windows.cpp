@@ -7,6 +7,7 @@
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
+#include "toolkit/base/shell_title.hpp"
 #include "toolkit/base/window_icon.hpp"
 #include "toolkit/widgets/wind.hpp"
 #include "toolkit/windows/bitmap_slots.hpp"
@@ -286,9 +287,7 @@ void yyshutdown() {
 void yywindowtitle(int window, std::string_view title) {
     WindowSlot& slot = window_slot(window);
     slot.title = without_trailing_blanks(title);
-    // Motif puts the application's name in place of an empty title.
-    const std::string shown = slot.title.empty() ? " " : slot.title;
-    XtVaSetValues(slot.shell_widget, XmNtitle, shown.c_str(), XmNiconName, shown.c_str(), nullptr);
+    show_title(slot.shell_widget, slot.title);
 }
 
 Widget yydialogparent() {

@@ -44,7 +44,7 @@ std::string shown_option(Widget combo) { return taken(XmTextGetString(combo_text
 std::string combo_shown_text(const FieldRecord& field) { return shown_option(field.widget); }
 
 void put_combo_text(FieldRecord& field, const std::string& text) {
-    XmTextSetString(combo_text(field.widget), xt_name(text));
+    XmTextSetString(combo_text(field.widget), xt_name(to_locale(text)));
 }
 
 constexpr MenuOperations combo_menu{combo_set_options, combo_count, combo_selected, combo_select,

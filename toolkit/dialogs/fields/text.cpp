@@ -114,7 +114,7 @@ std::string typed_text(const FieldRecord& field) {
 
 void put_typed_text(FieldRecord& field, const std::string& text) {
     field.password.clear();
-    XmTextSetString(field.widget, xt_name(text));
+    XmTextSetString(field.widget, xt_name(to_locale(text)));
 }
 
 void set_text_read_only(FieldRecord& field, bool read_only) {

@@ -1,0 +1,69 @@
+#include "tests/support/display_input.hpp"
+
+#include <gtest/gtest.h>
+
+#include "toolkit/base/display.hpp"
+#include "toolkit/base/fonts.hpp"
+#include "toolkit/base/shell_title.hpp"
+#include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/window_slots.hpp"
+
+#include <X11/Xutil.h>
+
+#include <clocale>
+#include <cstdlib>
+
+using namespace tesserakit;
+using namespace display_input;
+
+namespace {
+
+/// A property of a window as text, as a window manager reads it.
+std::string text_property(Window window, const char* name) {
+    Display* display = yydisplay.display;
+    XTextProperty property{};
+    if (!XGetTextProperty(display, window, &property, XInternAtom(display, name, False))) return {};
+    char** list = nullptr;
+    int count = 0;
+    Xutf8TextPropertyToTextList(display, &property, &list, &count);
+    const std::string text = count > 0 ? list[0] : "";
+    XFreeStringList(list);
+    XFree(property.value);
+    return text;
+}
+
+class LocaleDisplay : public testing::TestWithParam<const char*> {};
+
+}  // namespace
+
+TEST_P(LocaleDisplay, TextsGoThroughFieldsAndTitlesUnharmed) {
+    constexpr int dialog = 102;
+    constexpr int symbol_field = 1008;
+    setenv("LC_ALL", GetParam(), 1);
+    windowopen2({.width = 300, .height = 200, .title = "Root"});
+    window_titled("Root");
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+    EXPECT_EQ(text_width(wFonts.dialog, "M\u00fcller"), text_width(wFonts.dialog, "Muller"));
+
+    wdialogload(dialog);
+    const auto back = [](const std::string& text) {
+        std::string read;
+        wdialogputstring(symbol_field, text);
+        wdialoggetstring(symbol_field, read);
+        return read;
+    };
+    for (const char* text : {"M\u00fcller", "\u03b1 \u03b2  \u03b3", "  \u20ac", "M\xfcller"}) {
+        SCOPED_TRACE(text);
+        const bool sound = std::string(text) != "M\xfcller";
+        const std::string shown = sound ? text : "M\ufffdller";
+        EXPECT_EQ(back(text), shown);
+        show_title(window_slot(0).shell_widget, text);
+        for (const char* name : {"WM_NAME", "_NET_WM_NAME", "WM_ICON_NAME"})
+            EXPECT_EQ(text_property(window_slot(0).shell, name), shown) << name;
+    }
+    EXPECT_EQ(infoerror(1), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, LocaleDisplay,
+                         testing::Values("C", "C.UTF-8", "de_DE.UTF-8", "de_DE.ISO-8859-1",
+                                         "xx_YY.UTF-8"));
