@@ -108,14 +108,20 @@ TEST_F(TesserIni, TheFileIsTheFirstThatExists) {
     EXPECT_EQ(find_ini_file("tesser.ini  ", values), "tesser.ini");
 }
 
-TEST_F(TesserIni, FoldersAndPipesAreNoFiles) {
+TEST_F(TesserIni, WhatIsNoShortFileOfTextIsNotRead) {
     setenv("TESSROOT", (folder() + "/root").c_str(), 1);
     const std::string in_root = write("root/tesser.ini", "");
     ASSERT_EQ(mkfifo("tesser.ini", 0600), 0);
     const Settings values = settings_of_environment();
     EXPECT_EQ(find_ini_file(folder(), values), in_root);
-    setenv("TESSINIT", "/dev/null", 1);
-    EXPECT_EQ(find_ini_file("", values), "/dev/null");
+    std::filesystem::create_symlink("/dev/zero", "zeros");
+    setenv("TESSINIT", "zeros", 1);
+    EXPECT_EQ(find_ini_file("", values), in_root) << "endless";
+    const std::string megabyte = write("large.ini", std::string(1048576, 'x'));
+    setenv("TESSINIT", megabyte.c_str(), 1);
+    EXPECT_EQ(find_ini_file("", values), megabyte);
+    std::filesystem::resize_file(megabyte, 1048577);
+    EXPECT_EQ(find_ini_file("", values), in_root);
 }
 
 TEST_F(TesserIni, TheFileGoesBeforeTheEnvironment) {

@@ -2,12 +2,13 @@
 
 #include "common/fixed_text.hpp"
 #include "common/number_field.hpp"
+#include "common/safe_file.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
 
 namespace tesserakit {
 
@@ -49,11 +50,12 @@ std::string root_of_environment(const std::string& otherwise) {
     return with_slash(tool.substr(0, upper_cased(tool).find("TKIDE")));
 }
 
-/// Folders hold no lines, and a pipe would keep the start waiting. /dev/null is an empty file.
-bool exists(const std::string& path) {
+/// A pipe would keep the start waiting, a device such as /dev/zero or a file that is no text take
+/// all memory; the working directory may be anyone's.
+bool usable(const std::string& path) {
     std::error_code failure;
-    const std::filesystem::file_status status = std::filesystem::status(path, failure);
-    return is_regular_file(status) || is_character_file(status);
+    return std::filesystem::is_regular_file(path, failure) &&
+           std::filesystem::file_size(path, failure) <= largest_ini_file && !failure;
 }
 
 struct TextKeyword {
@@ -79,8 +81,10 @@ constexpr std::array number_keywords{
 };
 
 void read_ini_file(const std::string& path, Settings& values) {
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);) read_ini_line(line, values);
+    std::string text;
+    if (!safe_file::read(path, text)) return;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) read_ini_line(line, values);
 }
 
 }  // namespace
@@ -114,7 +118,7 @@ std::string find_ini_file(std::string_view name, const Settings& values) {
     for (const std::string& path :
          {std::string{without_trailing_blanks(name)}, variable("TESSINIT"),
           std::string{default_name}, values.root_directory + std::string{default_name}})
-        if (exists(path)) return path;
+        if (usable(path)) return path;
     return {};
 }
 

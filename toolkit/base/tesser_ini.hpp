@@ -1,6 +1,7 @@
 /// What the environment and the initialisation file say. No X here.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -28,8 +29,11 @@ Settings settings_of_environment();
 /// and numbers that are none change nothing.
 void read_ini_line(std::string_view line, Settings& values);
 
+/// Bytes of an initialisation file; a larger one is none.
+inline constexpr std::uintmax_t largest_ini_file = 1U << 20U;
+
 /// The initialisation file: `name` if it exists, else TESSINIT's, else tesser.ini in the working
-/// directory, else in the toolkit's root. Empty when there is none.
+/// directory, else in the toolkit's root. Empty when there is none. Only regular files count.
 std::string find_ini_file(std::string_view name, const Settings& values);
 
 /// Fills `settings`: defaults, environment, file.
