@@ -5,6 +5,7 @@
 #include "toolkit/tesserakit.hpp"
 
 #include <cstdlib>
+#include <tuple>
 
 using namespace tesserakit;
 
@@ -38,6 +39,23 @@ TEST(Start, BeforeADisplayCallsFailQuietly) {
     EXPECT_EQ(infoerror(1), 1020);
     windowselect(0);
     EXPECT_EQ(infoerror(1), 1003);
+}
+
+TEST(Start, AFontNameHasASizeWhereANumberStandsBehindItsLastDash) {
+    const auto read = [](const char* name) {
+        const FontName font = font_name(name);
+        return std::tuple{font.scalable, font.family, font.size, font.style};
+    };
+    EXPECT_EQ(read("Sans-14"), (std::tuple{true, "Sans", 14, ""}));
+    EXPECT_EQ(read("DejaVu Sans-12:bold"), (std::tuple{true, "DejaVu Sans", 12, "bold"}));
+    EXPECT_EQ(read("DejaVu-Sans"), (std::tuple{true, "DejaVu-Sans", 10, ""}));
+    EXPECT_EQ(read("DejaVu-Sans-9:oblique-2"), (std::tuple{true, "DejaVu-Sans", 9, "oblique-2"}));
+    EXPECT_EQ(read("DejaVu-Sans:bold"), (std::tuple{true, "DejaVu-Sans", 10, "bold"}));
+    EXPECT_EQ(read("Sans-1"), (std::tuple{true, "Sans", 4, ""}));
+    EXPECT_EQ(read("Sans-9999"), (std::tuple{true, "Sans", 200, ""}));
+    EXPECT_EQ(read("9x15"), (std::tuple{false, "9x15", 10, ""}));
+    EXPECT_EQ(read("-*-helvetica-medium-r-*-12"),
+              (std::tuple{false, "-*-helvetica-medium-r-*-12", 10, ""}));
 }
 
 TEST(Start, DialogUnitsAreFontMeasuresAndATenthCutToPixels) {

@@ -19,32 +19,6 @@ namespace {
 constexpr char first_printable = 32;
 constexpr char last_printable = 126;
 
-/// "Family-size:style": the size in points and the style may be left out.
-struct ScalableName {
-    std::string family;
-    int size = 10;
-    std::string style;
-};
-
-ScalableName scalable_name(const std::string& name) {
-    ScalableName parts;
-    const std::size_t colon = name.find(':');
-    if (colon != std::string::npos) parts.style = name.substr(colon + 1);
-    const std::string before = name.substr(0, colon);
-    const std::size_t dash = before.rfind('-');
-    const auto size = dash == std::string::npos
-                          ? std::optional<int>{}
-                          : number_field::to_int(std::string_view(before).substr(dash + 1));
-    parts.family = size ? before.substr(0, dash) : before;
-    if (size) parts.size = std::clamp(*size, 4, 200);
-    return parts;
-}
-
-/// X font names have fields, aliases have no size behind a dash.
-bool is_x_font(const std::string& name) {
-    return name.starts_with('-') || name.find('-') == std::string::npos;
-}
-
 XmRenderTable table_of(Arguments& args) {
     XmRendition rendition = XmRenditionCreate(
         yydisplay.root_widget, xt_name(XmFONTLIST_DEFAULT_TAG), args.data(), args.count());
@@ -63,8 +37,7 @@ XmRenderTable x_font_table(const std::string& name) {
     return table_of(args);
 }
 
-XmRenderTable scalable_table(const std::string& name) {
-    const ScalableName parts = scalable_name(name);
+XmRenderTable scalable_table(const FontName& parts) {
     Arguments args;
     args(XmNfontType, XmFONT_IS_XFT);
     args(XmNfontName, parts.family.c_str());
@@ -93,18 +66,27 @@ FontMeasures measure(const TextFont& font) {
 
 }  // namespace
 
-TextFont load_font(const std::string& name) {
-    TextFont font;
-    font.table = is_x_font(name) ? x_font_table(name) : scalable_table(name);
-    if (!font.table) font.table = x_font_table("fixed");
-    if (!font.table) font.table = scalable_table("Sans-10");
-    if (font.table) font.measures = measure(font);
-    return font;
+FontName font_name(const std::string& name) {
+    const std::size_t dash = name.substr(0, name.find(':')).rfind('-');
+    // X font names begin with a dash, and their aliases have none.
+    if (name.starts_with('-') || dash == std::string::npos) return {.family = name};
+    const std::size_t colon = std::min(name.find(':'), name.size());
+    const auto size =
+        number_field::to_int(std::string_view(name).substr(dash + 1, colon - dash - 1));
+    FontName parts{.scalable = true, .family = name.substr(0, size ? dash : colon)};
+    if (size) parts.size = std::clamp(*size, 4, 200);
+    if (colon < name.size()) parts.style = name.substr(colon + 1);
+    return parts;
 }
 
-void free_font(TextFont& font) {
-    if (font.table) XmRenderTableFree(font.table);
-    font = {};
+TextFont load_font(const std::string& name) {
+    const FontName parts = font_name(name);
+    TextFont font;
+    font.table = parts.scalable ? scalable_table(parts) : x_font_table(name);
+    if (!font.table) font.table = x_font_table("fixed");
+    if (!font.table) font.table = scalable_table({.scalable = true, .family = "Sans"});
+    if (font.table) font.measures = measure(font);
+    return font;
 }
 
 int text_width(const TextFont& font, std::string_view value) {

@@ -25,10 +25,20 @@ struct TextFont {
     int height() const { return measures.ascent + measures.descent; }
 };
 
+/// A font as a resource names it.
+struct FontName {
+    bool scalable = false;  ///< for Xft; else an X font, "-*-..." or an alias such as "fixed"
+    std::string family;     ///< the whole name of an X font
+    int size = 10;          ///< points, 4 to 200
+    std::string style;      ///< "bold", or empty
+};
+/// Reads "Family-size:style"; size and style may be left out. What stands behind the last dash is
+/// the size if it is a number, else it belongs to the family ("DejaVu-Sans").
+FontName font_name(const std::string& name);
+
 /// Loads `name`, an Xft name ("Sans-10") or an X font name ("-*-..." or an alias without a size
 /// such as "fixed"); a font that can't be had is replaced by "fixed".
 TextFont load_font(const std::string& name);
-void free_font(TextFont& font);
 
 /// Width of `text` in pixels, as draw_text draws it.
 int text_width(const TextFont& font, std::string_view text);

@@ -13,15 +13,15 @@ namespace tesserakit {
 namespace {
 
 /// Gives every Motif widget the dialog font unless a resource names another.
-void default_render_table(const std::string& font) {
-    if (font.starts_with('-') || font.find('-') == std::string::npos) return;
-    const std::size_t dash = font.rfind('-');
+void default_render_table(const FontName& font) {
+    if (!font.scalable) return;
     XrmDatabase ours = nullptr;
     const auto put = [&ours](const std::string& line) { XrmPutLineResource(&ours, line.c_str()); };
     put("*renderTable: dialogRendition");
     put("*dialogRendition.fontType: FONT_IS_XFT");
-    put("*dialogRendition.fontName: " + font.substr(0, dash));
-    put("*dialogRendition.fontSize: " + font.substr(dash + 1, font.find(':') - dash - 1));
+    put("*dialogRendition.fontName: " + font.family);
+    put("*dialogRendition.fontSize: " + std::to_string(font.size));
+    if (!font.style.empty()) put("*dialogRendition.fontStyle: " + font.style);
     XrmDatabase database = XtDatabase(yydisplay.display);
     XrmCombineDatabase(ours, &database, False);
 }
@@ -33,7 +33,7 @@ void yystart(std::string_view inifile) {
     yywinitialise(inifile);
     idebuglevel = settings.debug_level;
     load_fonts();
-    default_render_table(resource_values().dialog_font);
+    default_render_table(font_name(resource_values().dialog_font));
 }
 
 }  // namespace tesserakit
