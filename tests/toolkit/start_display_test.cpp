@@ -5,11 +5,15 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/base/shell_title.hpp"
+#include "toolkit/dialogs/records.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
 #include <X11/Xutil.h>
+#include <Xm/Xm.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 
@@ -62,6 +66,26 @@ TEST_P(LocaleDisplay, TextsGoThroughFieldsAndTitlesUnharmed) {
             EXPECT_EQ(text_property(window_slot(0).shell, name), shown) << name;
     }
     EXPECT_EQ(infoerror(1), 0);
+}
+
+TEST(StartDisplay, AllShellsAreOfTheClassOfTheUsersResources) {
+    winitialise();
+    XrmDatabase database = XtDatabase(yydisplay.display);
+    XrmPutLineResource(&database, "Tess*MainWindow.foreground: #123456");
+    windowopen2({.width = 300, .height = 200, .title = "Root"});
+    const int child = windowopenchild2({.width = 200, .height = 100, .title = "Child"});
+    const int owned = windowopenchild2({.flags = 7 | 256, .width = 100, .height = 50});
+    for (const int window : {0, child, owned}) {
+        SCOPED_TRACE(window);
+        XClassHint hint{};
+        ASSERT_TRUE(XGetClassHint(yydisplay.display, window_slot(window).shell, &hint));
+        EXPECT_STREQ(hint.res_class, "Tess");
+        XFree(hint.res_name);
+        XFree(hint.res_class);
+        Pixel foreground = 0;
+        XtVaGetValues(window_slot(window).window_widget, XmNforeground, &foreground, nullptr);
+        EXPECT_EQ(foreground, 0x123456U);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Locales, LocaleDisplay,

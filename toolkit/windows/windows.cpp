@@ -42,20 +42,22 @@ void yyWindowWMCloseCB(Widget, XtPointer closure, XtPointer) {
     yyDGSendTesserakitMessage(nullptr, {.type = CloseRequest, .win = window});
 }
 
-Widget create_shell(const WindowSlot& slot, bool root) {
+Widget create_shell(const WindowSlot& slot) {
     const bool owned = is_owned(slot.flags) && slot.parent >= 0;
-    WidgetClass kind = owned ? xmDialogShellWidgetClass : topLevelShellWidgetClass;
-    if (root) kind = applicationShellWidgetClass;
+    // A shell without a parent heads the names of its resources, and of all shells only an
+    // application's goes by the class that it is given there.
     const Widget shell =
-        owned ? XtVaCreatePopupShell("Window", kind, window_slot(slot.parent).shell_widget, nullptr)
-              : XtVaAppCreateShell(nullptr, application_class, kind, yydisplay.display, nullptr);
+        owned ? XtVaCreatePopupShell("Window", xmDialogShellWidgetClass,
+                                     window_slot(slot.parent).shell_widget, nullptr)
+              : XtVaAppCreateShell(nullptr, application_class, applicationShellWidgetClass,
+                                   yydisplay.display, nullptr);
     XtVaSetValues(shell, XmNdeleteResponse, XmDO_NOTHING, XmNautoUnmanage, False,
                   XmNmappedWhenManaged, False, XmNallowShellResize, False, nullptr);
     return shell;
 }
 
-void create_widgets(WindowSlot& slot, int width, int height, bool root) {
-    slot.shell_widget = create_shell(slot, root);
+void create_widgets(WindowSlot& slot, int width, int height) {
+    slot.shell_widget = create_shell(slot);
     slot.window_widget = XtVaCreateManagedWidget(
         "MainWindow", xmDrawingAreaWidgetClass, slot.shell_widget, XmNmarginWidth, 0,
         XmNmarginHeight, 0, XmNresizePolicy, XmRESIZE_NONE, XmNbackground, wSchemeCol.background,
@@ -180,7 +182,7 @@ int yycreatewindow(int window, const WindowRequest& request, const Plan& plan, i
     const Surroundings around = surroundings_of(request);
     const int width = slot.width + around.horizontal();
     const int height = slot.height + around.vertical();
-    create_widgets(slot, width, height, window == 0);
+    create_widgets(slot, width, height);
     yywindowtitle(window, request.title);
     build_parts(window, request);
     set_window_icon(slot.shell_widget);
