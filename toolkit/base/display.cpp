@@ -6,6 +6,7 @@
 #include <X11/Shell.h>
 #include <X11/StringDefs.h>
 #include <X11/Xlib.h>
+#include <Xm/Display.h>
 #include <Xm/Xm.h>
 
 #include <poll.h>
@@ -71,6 +72,13 @@ String follow_locale(Display*, String language, XtPointer) {
     return const_cast<String>(locale);
 }
 
+void stop_drags() {
+    // Motif's drag takes the middle button on any button or selected text, and runs a loop of its
+    // own with the server grabbed.
+    XtVaSetValues(XmGetXmDisplay(yydisplay.display), XmNdragInitiatorProtocolStyle, XmDRAG_NONE,
+                  XmNdragReceiverProtocolStyle, XmDRAG_NONE, nullptr);
+}
+
 void quiet_warning(String message) {
     if (idebuglevel > 0) std::fprintf(stderr, "Warning: %s\n", message);
 }
@@ -108,6 +116,7 @@ void yygetdisplayinfo() {
     info.root_widget =
         XtVaAppCreateShell(nullptr, application_class, applicationShellWidgetClass, info.display,
                            XmNmappedWhenManaged, False, XmNwidth, 1, XmNheight, 1, nullptr);
+    stop_drags();
 }
 
 void yywaitdisplay(int milliseconds) {
