@@ -250,9 +250,10 @@ public:
 
     Bonds run() {
         const std::size_t n = list1_.size();
-        for (std::size_t i = 0; i < n; ++i) {
+        for (std::size_t i = 0; i < n && room() > 0; ++i) {
             keys_.clear();
             for (std::size_t p = 0; p < list1_[i].xf_eq.size(); ++p) find_bonds_of(i, p);
+            keep_first_keys();
             std::sort(keys_.begin(), keys_.end());
             store(i);
         }
@@ -280,7 +281,19 @@ private:
             keys_.push_back(((site.atom * list1_[i].xf_eq.size() + p) * 27 + translation) *
                                 columns2_ +
                             site.column);
+            if (keys_.size() > 2 * room() + 1000) keep_first_keys();
         });
+    }
+
+    /// For bonds that the rule may still find.
+    std::size_t room() const { return most_bonds - bonds_.columns_.size(); }
+
+    /// Drops the keys of bonds for which there is no room, whatever else is found of this atom.
+    void keep_first_keys() {
+        if (keys_.size() <= room()) return;
+        const auto end = keys_.begin() + static_cast<std::ptrdiff_t>(room());
+        std::nth_element(keys_.begin(), end, keys_.end());
+        keys_.erase(end, keys_.end());
     }
 
     static bool same_site(const Atom& a, const Atom& b) {

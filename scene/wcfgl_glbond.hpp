@@ -16,6 +16,10 @@
 
 namespace wcfgl_glbond {
 
+/// A rule finds this many bonds at most, the first in the order of the search. A greatest distance
+/// of 15 for 1.5 would find all pairs of atoms in 27 cells, which eats the memory of the machine.
+inline constexpr std::size_t most_bonds = 1'048'576;
+
 /// Fractional coordinates of both ends: x, y, z of the first, x, y, z of the second.
 using BondEnds = std::array<float, 6>;
 

@@ -160,6 +160,39 @@ TEST(BondSearch, EqualNamesGiveEachPairOfAtomsOnce) {
     EXPECT_EQ(bonds[0].xf[0], BondEnds{});
 }
 
+// Two pairs of atoms with 200 positions each have 27 x 200 x 200 bonds apiece.
+TEST(BondSearch, StopsAtAMillionBondsAndKeepsTheFirst) {
+    std::mt19937 random(7);
+    const auto a = random_atoms(random, "A", 1, 200), b = random_atoms(random, "B", 2, 200);
+    const auto plain = plain_search(a, b, 0, 1e30f, false);
+    ASSERT_GT(plain[0].size(), wcfgl_glbond::most_bonds);
+    const Bonds bonds = new_gl_bonds(a, b, 0, 1e30f, false);
+    ASSERT_EQ(bonds.size(), 2u);
+    ASSERT_EQ(bonds[0].xf.size(), wcfgl_glbond::most_bonds);
+    EXPECT_TRUE(std::equal(bonds[0].xf.begin(), bonds[0].xf.end(), plain[0].begin()));
+    EXPECT_EQ(bonds[1].xf[0], BondEnds{}) << "no room is left for the second pair";
+}
+
+// Atoms on one site: 0.01 apart in fractions is one, more are two. Positions closer than 0.01
+// angstrom are no bond.
+TEST(BondSearch, LimitsOfOneSiteAndOfCoincidenceAreThoseGiven) {
+    wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
+    const auto pairs = [](float apart) {
+        const std::vector<Atom> a{atom("A", "A", {{0.25f, 0, 0}, {0.5f, 0, 0}})};
+        const std::vector<Atom> b{atom("B", "B", {{0.25f + apart, 0, 0}, {0.5f + apart, 0, 0}})};
+        return new_gl_bonds(a, b, 2.0f, 3.0f, false)[0].xf.size();
+    };
+    EXPECT_EQ(pairs(0.0078125f), 1u) << "one site: not from the first to the second as well";
+    EXPECT_EQ(pairs(0.015625f), 2u);
+    const auto found = [](float apart) {
+        const std::vector<Atom> a{atom("A", "A", {{0.5f, 0, 0}})};
+        const std::vector<Atom> b{atom("B", "B", {{0.5f + apart, 0, 0}})};
+        return new_gl_bonds(a, b, 0.0f, 3.0f, false).filled();
+    };
+    EXPECT_EQ(found(0.0009765625f), 0u);  // 0.0098 angstrom
+    EXPECT_EQ(found(0.00109863281f), 1u);
+}
+
 TEST(BondSearch, EmptyListsGiveNoRecord) {
     EXPECT_EQ(new_gl_bonds({}, {}, 0, 1, false).size(), 0u);
 }
