@@ -1,6 +1,9 @@
-// Any bytes as a structure file: no crash, no hang, no overrun, and what was read can be written.
+// Any bytes as a structure file: no crash, no hang, no overrun, and what was read can be drawn and
+// written. The lists are compiled at the frame, so that a box or a distance beyond all measure
+// shows there.
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
+#include "scene/wcfgl_display.hpp"
 #include "scene/wcfgl_io.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
@@ -38,6 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     wcfgl_metrix::define_cell({5, 6, 7}, {90, 90, 90});
     Quaternion view{};
     wcfgl_io::read_gwr_file(std::string_view(file.name), &view);
+    wcfgl_display::display();
 
     std::string out;
     wcfgl_atom_tree::write_atom_list(out);
