@@ -137,8 +137,13 @@ TEST(EquivalentPositions, TheComparisonDoesNotWrapAroundTheCell) {
     define_spacegroup("P -1");
     push("Near", "O", {0.00005f, 0, 0});  // its image is at 0.99995, beyond the tolerance
     EXPECT_EQ(atom_named("Near").multiplicity, 2);
-    push("Mid", "O", {0.50004f, 0, 0});  // 0.00008 from its image
+    // From its image: 0.00019, 0.00021, and 0.0001 along each of three axes, whose sum counts.
+    push("Mid", "O", {0.500095f, 0, 0});
     EXPECT_EQ(atom_named("Mid").multiplicity, 1);
+    push("Off", "O", {0.500105f, 0, 0});
+    EXPECT_EQ(atom_named("Off").multiplicity, 2);
+    push("Sum", "O", {0.50005f, 0.50005f, 0.50005f});
+    EXPECT_EQ(atom_named("Sum").multiplicity, 2);
 }
 
 TEST(EquivalentPositions, TheFirstIsThePositionItselfEvenUnfolded) {

@@ -76,10 +76,26 @@ TEST(BondSticks, LeaveOutTheCellAboveTheBox) {
     wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
     wcfgl_metrix::define_box(0, 1, 0, 1, 0, 1);
     wcfgl_atom_tree::push_atom({.label = "A", .symbol = "FE", .xf = {0, 0, 0}});
-    wcfgl_atom_tree::modify_atom(1, {.xf = Vector3f{-1.2f, 0.5f, 0.5f}});
-    wcfgl_atom_tree::push_atom({.label = "B", .symbol = "O", .xf = {0.9f, 0.5f, 0.5f}});
-    push_bond_by_label("A", "B", 0.5f, 1.5f, 1.0f, 0);
-    EXPECT_TRUE(halves().empty());  // at +2 both ends would be inside
+    wcfgl_atom_tree::modify_atom(1, {.xf = Vector3f{-1.1f, 0.5f, 0.5f}});
+    wcfgl_atom_tree::push_atom({.label = "B", .symbol = "O", .xf = {0, 0.5f, 0.5f}});
+    push_bond_by_label("A", "B", 0.5f, 1.5f, 1.0f, 0);  // from -1.1 to -1
+    EXPECT_TRUE(halves().empty()) << "at +2 both ends would be inside";
+    wcfgl_metrix::define_box(0, 2, 0, 1, 0, 1);
+    ASSERT_EQ(halves().size(), 2u) << "at +2, but not at +3";
+    EXPECT_NEAR(halves()[0].at(0, 0, 0)[0], 9.0, 1e-5);
+}
+
+// Limits are cut toward zero: a box from -1.5 to -0.5 begins at -1 and ends at 0, before the
+// margin.
+TEST(BondSticks, StandInABoxOfNegativeFractions) {
+    wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
+    wcfgl_metrix::define_box(-1.5f, -0.5f, 0, 1, 0, 1);
+    wcfgl_atom_tree::push_atom({.label = "A", .symbol = "FE", .xf = {0, 0, 0}});
+    wcfgl_atom_tree::modify_atom(1, {.xf = Vector3f{-0.8f, 0.5f, 0.5f}});
+    wcfgl_atom_tree::push_atom({.label = "B", .symbol = "O", .xf = {0.3f, 0.5f, 0.5f}});
+    push_bond_by_label("A", "B", 0.5f, 1.5f, 1.0f, 0);  // from -0.8 to -0.7
+    ASSERT_EQ(halves().size(), 2u);
+    EXPECT_NEAR(halves()[0].at(0, 0, 0)[0], -8.0, 1e-5);
 }
 
 TEST(BondRules, AreDroppedWithoutTheirAtomsAndKeptWithoutBonds) {
@@ -165,6 +181,24 @@ TEST(Polyhedra, JoinTheFarEndsOfTheBondsOfEachPosition) {
     gl_record::clear();
     wcfgl_poly_tree::draw_polys();
     EXPECT_TRUE(gl_record::drawn().empty());
+}
+
+// The bonds were found in P 1. In P -1 the atom has a second position, where none starts: its
+// figure has as many vertices all the same, those of the figure before.
+TEST(Polyhedra, TakeTheCountOfTheFirstPosition) {
+    wcfgl_metrix::define_cell({10, 10, 10}, {90, 90, 90});
+    wcfgl_atom_tree::push_atom({.label = "Ti1", .symbol = "TI", .xf = {0.25f, 0.5f, 0.5f}});
+    for (const float x : {0.125f, 0.375f})
+        wcfgl_atom_tree::push_atom({.label = "O1", .symbol = "O", .xf = {x, 0.5f, 0.5f}});
+    push_bond_by_label("Ti1", "O1", 1, 2, 1, 0);
+    wcfgl_metrix::define_spacegroup("P -1");
+    wcfgl_atom_tree::draw_atoms();
+    std::vector<wcfgl_glpoly::Poly> polys;
+    ASSERT_TRUE(wcfgl_glpoly::new_gl_polys("Ti1", polys));
+    EXPECT_EQ(polys[0].number_of_vertices, 2u);
+    ASSERT_EQ(polys[0].figures(), 2u);
+    EXPECT_EQ(polys[0].vertices(0)[0], (Vector3f{0.125f, 0.5f, 0.5f}));
+    EXPECT_EQ(polys[0].vertices(1)[1], (Vector3f{0.375f, 0.5f, 0.5f}));
 }
 
 // 1001 bonds end at one atom: one more than a figure has room for.

@@ -162,6 +162,7 @@ TEST(Display, OpaqueOrNotObjectsAreDrawnInAFixedOrder) {
 
 TEST(Display, ChangesAreTakenUpAndThenForgotten) {
     wcfgl_atom_tree::push_atom({.label = "A", .symbol = "O", .xf = {0.5f, 0.5f, 0.5f}});
+    display();
     wcfgl_metrix::define_box(0, 2, 0, 1, 0, 1);
     wcfgl_metrix::cell_changed = 1;
     gl_record::clear();

@@ -118,12 +118,14 @@ TEST(ReadFile, CellLines) {
     read_text("CELL 5 5 5 90 90 NODISPLAY\n");
     EXPECT_THAT(scene_calls::of({"define_cell"}), ElementsAre("define_cell (10,10,10) (90,90,90)"));
     EXPECT_EQ(wcfgl_metrix::current_cell->multiple, 1) << "a bad line sets no flags";
+    scene_calls::cells_refused = true;
     read_text("CELL -5 5 5 90 90 90\n");
     EXPECT_EQ(wcfgl_metrix::current_cell->cell_length, (Vector3f{10, 10, 10}));
     EXPECT_EQ(wcfgl_metrix::current_cell->multiple, 0) << "a refused cell keeps size, not flags";
 }
 
 TEST(ReadFile, RefusedFirstCellLeavesNoCell) {
+    scene_calls::cells_refused = true;
     wcfgl_metrix::current_cell.reset();
     read_text("CELL 0 5 5 90 90 90 MULTIPLE\n");
     EXPECT_FALSE(wcfgl_metrix::current_cell);

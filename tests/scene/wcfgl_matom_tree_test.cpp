@@ -193,6 +193,28 @@ TEST(PushMatom, OperatorPhaseHalfATurnReverses) {
     EXPECT_THAT(push({}, {component({0, 3, 0})}).moment[0].Skj_eq[0][1].real(), near(-3));
 }
 
+// An eighth of a turn back: 2 becomes sqrt(2) (1 - i).
+TEST(PushMatom, OperatorPhasesTurnBack) {
+    define_phase('P', {0, 0, 0}, {"x,y,z"}, {"MSYM u,v,w,0.125"});
+    const std::complex<float> s = push({}, {component({2, 0, 0})}).moment[0].Skj_eq[0][0];
+    EXPECT_THAT(s.real(), near(std::numbers::sqrt2));
+    EXPECT_THAT(s.imag(), near(-std::numbers::sqrt2));
+}
+
+TEST(PushMatom, TheOperatorsMatrixTurnsBothParts) {
+    define_phase('P', {0, 0, 0}, {"x,y,z"}, {"MSYM v,-u,w,0.0"});
+    const MatomNode& node = push({}, {component({1, 0, 0}, {0, 2, 3})});
+    const ComplexVector& s = node.moment[0].Skj_eq[0];
+    EXPECT_EQ(s[0], std::complex<float>(0, 2));
+    EXPECT_EQ(s[1], std::complex<float>(-1, 0));
+    EXPECT_EQ(s[2], std::complex<float>(0, 3));
+}
+
+TEST(PushMatom, FoldsThePositionOfTheAtomItself) {
+    define_phase('P', {0, 0, 0}, {"x,y,z"}, {"MSYM u,v,w,0.0"});
+    EXPECT_EQ(push({-0.25f, 1.5f, 0.5f}, {component({1, 0, 0})}).xf, (Vector3f{0.75f, 0.5f, 0.5f}));
+}
+
 TEST(PushMatom, BadIndicesTextsAndLettersCostThemselvesOnly) {
     push_matom("A", "FE", {}, std::vector{component({1, 0, 0})}, 1, 0, 0);
     EXPECT_EQ(matom_list_head(), nullptr) << "no phase";
@@ -266,6 +288,22 @@ TEST(Arrows, AreCentredOnTheAtomAlongTheCartesianMoment) {
     EXPECT_NEAR(drawn[0].tail[0], 2.0, 1e-5);
     EXPECT_NEAR(drawn[0].tip[2], 3.0, 1e-5);
     EXPECT_EQ(drawn[0].colour, (Colour{0, 0, 1, 1}));
+}
+
+TEST(Arrows, GrowInLengthAndNotInThickness) {
+    wcfgl_metrix::define_box(0, 0.5f, 0, 0.5f, 0, 0.5f);
+    define_phase('P', {0, 0, 0}, {"x,y,z"}, {"MSYM u,v,w,0.0"});
+    for (const float moment : {1.0f, 5.0f}) {
+        const MatomNode& node = push({}, {component({moment, 0, 0})}, 0, 2.0f);
+        draw_matoms();
+        const auto shapes = gl_record::drawn_by(node.dlist.name());
+        const auto shaft = std::find_if(shapes.begin(), shapes.end(),
+                                        [](const auto& p) { return p.name == "gluCylinder"; });
+        ASSERT_NE(shaft, shapes.end());
+        const double radius = shaft->arguments[0];
+        const Vector3<double> side = shaft->at(radius, 0, 0) - shaft->at(0, 0, 0);
+        EXPECT_NEAR(std::hypot(side[0], side[1], side[2]), radius, 1e-6);
+    }
 }
 
 TEST(Arrows, StandOnBothFacesOfTheBoxAndOnlyInside) {

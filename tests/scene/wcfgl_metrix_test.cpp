@@ -82,6 +82,13 @@ TEST(Cell, LengthsAndAnglesThatAreNotPositiveChangeNothing) {
     EXPECT_TRUE(gl_record::calls().empty());
 }
 
+TEST(Cell, ARefusedCellBringsTheBoxAllTheSame) {
+    define_cell({0, 4, 4}, {90, 90, 90});
+    EXPECT_FALSE(current_cell);
+    ASSERT_TRUE(current_box);
+    EXPECT_EQ(current_maxsize, 1.0);
+}
+
 TEST(Cell, AChangeKeepsListsAndLooks) {
     hexagonal_cell();
     current_cell->colour = {1, 0, 0, 1};
@@ -139,6 +146,9 @@ TEST(Axes, EachArrowLiesAlongItsCellVectorAtTheAxesLength) {
             EXPECT_NEAR(from[i], 0, 1e-6);
             EXPECT_NEAR(to[i], static_cast<double>(tip[i]), 1e-6);
         }
+        // 0.7 of the arrow's own thickness, whatever its length.
+        const Vector3<double> side = shaft.at(shaft.arguments[0], 0, 0) - from;
+        EXPECT_NEAR(std::hypot(side[0], side[1], side[2]), 0.7 * 0.07, 1e-6);
         EXPECT_EQ(shaft.material, colours[axis]);
         EXPECT_NE(shaft.back_material, colours[axis]);  // the front's only
     }

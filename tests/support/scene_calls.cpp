@@ -21,6 +21,7 @@ namespace scene_calls {
 std::string atom_text;
 std::string bond_text;
 std::string magnetic_text;
+bool cells_refused = false;
 
 namespace {
 
@@ -92,10 +93,7 @@ std::optional<crystallographic_symmetry::Space_Group_Type> current_space_group;
 void define_cell(const Vector3f& cell_length, const Vector3f& cell_angle) {
     if (!recording) return;
     add("define_cell " + list(cell_length.c) + " " + list(cell_angle.c));
-    const auto positive = [](float value) { return value > 0.0f; };
-    if (!std::all_of(cell_length.begin(), cell_length.end(), positive) ||
-        !std::all_of(cell_angle.begin(), cell_angle.end(), positive))
-        return;
+    if (cells_refused) return;
     if (!current_cell) current_cell.emplace();
     current_cell->cell_length = cell_length;
     current_cell->cell_angle = cell_angle;

@@ -27,4 +27,7 @@ extern std::string atom_text;
 extern std::string bond_text;
 extern std::string magnetic_text;
 
+/// While set, define_cell leaves the cell as it is, as for numbers that no cell has.
+extern bool cells_refused;
+
 }  // namespace scene_calls
