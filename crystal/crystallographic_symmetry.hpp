@@ -1,6 +1,7 @@
 /// Symmetry operators and space groups: one namespace over several headers.
 #pragma once
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/from_generators.hpp"
 #include "crystal/crystallographic_symmetry/from_hall.hpp"
 #include "crystal/crystallographic_symmetry/from_hermann_mauguin.hpp"

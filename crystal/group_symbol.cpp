@@ -101,7 +101,6 @@ std::string_view without_blanks_around(std::string_view text) {
 
 /// Whether the group of `list`, the last that was closed, has this operator.
 bool holds(const ReducedList& list, const Sym_Oper_Type& op) {
-    const Matrix3i inverted{-op.rot[0], -op.rot[1], -op.rot[2]};
     const std::span vectors = std::span(lat_trans).first(static_cast<std::size_t>(num_lat));
     const auto on_lattice = [&](const Vector3f& tr) {
         return std::ranges::any_of(
@@ -110,7 +109,7 @@ bool holds(const ReducedList& list, const Sym_Oper_Type& op) {
     return std::ranges::any_of(std::span(list.ops).first(static_cast<std::size_t>(list.count)),
                                [&](const Sym_Oper_Type& known) {
                                    if (known.rot == op.rot) return on_lattice(op.tr - known.tr);
-                                   return list.centred != 1 && known.rot == inverted &&
+                                   return list.centred != 1 && known.rot == -op.rot &&
                                           on_lattice(op.tr + known.tr - 2.0f * list.centre_coord);
                                });
 }

@@ -1,7 +1,7 @@
 #include "scene/wcfgl_matom_tree.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/operators.hpp"
-#include "crystal/crystallographic_symmetry/space_group.hpp"
 #include "crystal/math_gen.hpp"
 #include "scene/box_cells.hpp"
 #include "scene/shown_box.hpp"
@@ -9,12 +9,10 @@
 #include "scene/wcfgl_objects_definition.hpp"
 
 #include <cmath>
-#include <string_view>
+#include <span>
 
 namespace wcfgl_matom_tree {
 namespace {
-
-using crystallographic_symmetry::Space_Group_Type;
 
 struct State {
     NodeList<MatomNode> matoms;
@@ -30,16 +28,6 @@ std::complex<float> turn_back(float turns) {
     return {std::cos(angle), -std::sin(angle)};
 }
 
-float dot(const Vector3f& a, const Vector3f& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
-Vector3f product(const Matrix3i& m, const Vector3f& v) {
-    Vector3f result;
-    for (std::size_t i = 0; i < 3; ++i)
-        result[i] = static_cast<float>(m[i][0]) * v[0] + static_cast<float>(m[i][1]) * v[1] +
-                    static_cast<float>(m[i][2]) * v[2];
-    return result;
-}
-
 /// Without std::complex's operator, which looks out for infinities.
 std::complex<float> times(const std::complex<float>& a, const std::complex<float>& b) {
     return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
@@ -47,22 +35,9 @@ std::complex<float> times(const std::complex<float>& a, const std::complex<float
 
 /// The matrix acts on the real and on the imaginary part alike.
 ComplexVector product(const Matrix3i& m, const ComplexVector& v) {
-    const Vector3f re = product(m, Vector3f{v[0].real(), v[1].real(), v[2].real()});
-    const Vector3f im = product(m, Vector3f{v[0].imag(), v[1].imag(), v[2].imag()});
+    const Vector3f re = m * Vector3f{v[0].real(), v[1].real(), v[2].real()};
+    const Vector3f im = m * Vector3f{v[0].imag(), v[1].imag(), v[2].imag()};
     return {{{re[0], im[0]}, {re[1], im[1]}, {re[2], im[2]}}};
-}
-
-/// The centring vectors of the magnetic cell. A lone letter is no symbol of the tables: it is
-/// read as a Hall symbol, whose first letter is the lattice. A letter that is none leaves the cell
-/// primitive.
-std::vector<Vector3f> centring_vectors() {
-    static Space_Group_Type& group = *new Space_Group_Type;  // too large for the stack
-    group = {};
-    const std::string_view symbol(&*current_magnetic_lattice, 1);
-    crystallographic_symmetry::set_spacegroup(symbol, group);
-    std::vector<Vector3f> vectors(group.lat_trans.begin(), group.lat_trans.begin() + group.num_lat);
-    if (vectors.empty()) vectors.emplace_back();
-    return vectors;
 }
 
 /// How one symmetry operator moves an atom, and what the phase's operator sets do to its moment.
@@ -75,7 +50,7 @@ Image image_of(const Vector3f& xf, const OperatorText& text) {
     Matrix3i rotation{};
     Vector3f translation{};
     crystallographic_symmetry::read_xsym(text.field(), 1, rotation, &translation);
-    const Vector3f position = product(rotation, xf) + translation;
+    const Vector3f position = rotation * xf + translation;
     return {position, math_gen::modulo_lat(position) - position};
 }
 
@@ -93,7 +68,9 @@ ComplexVector coefficient(const FourierComponent& component, const Vector3f& k,
 
 /// Fills xf_eq and every Skj_eq: all operators for the first lattice point, then for the next.
 void expand(MatomNode& node) {
-    const std::vector<Vector3f> centring = centring_vectors();
+    // A letter that is none leaves the cell primitive.
+    const std::span<const Vector3f> centring =
+        crystallographic_symmetry::lattice_points(*current_magnetic_lattice);
     const std::size_t nsym = current_xsym_list->size();
     const std::size_t n = nsym * centring.size();
     fatal::allocate("current_node%xf_eq", [&] { node.xf_eq.resize(n); });

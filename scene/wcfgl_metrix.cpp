@@ -34,13 +34,6 @@ bool all_positive(const Vector3f& v) {
     return std::all_of(v.begin(), v.end(), [](float value) { return value > 0.0f; });
 }
 
-Vector3f product(const Matrix3f& m, const Vector3f& x) {
-    Vector3f result;
-    for (std::size_t i = 0; i < 3; ++i)
-        result[i] = x[0] * m[i][0] + x[1] * m[i][1] + x[2] * m[i][2];
-    return result;
-}
-
 /// Volume and matrices from the lengths and angles.
 void derive_metric(Cell& cell) {
     const auto [a, b, c] = cell.cell_length.c;
@@ -108,8 +101,7 @@ void draw_axis(const Cell& cell, float axis_length, std::size_t axis) {
     const AxisStyle& style = axis_styles[axis];
     Vector3f straight{};
     straight[axis] = axis_length;
-    const auto [r, phi, theta] =
-        wcfgl_geometry::cart2spher(product(cell.unit_direct_matrix, straight)).c;
+    const auto [r, phi, theta] = wcfgl_geometry::cart2spher(cell.unit_direct_matrix * straight).c;
 
     glPushMatrix();
     turn_x_axis_to(phi, theta);
@@ -225,9 +217,7 @@ void define_spacegroup(std::string_view symbol,
     tell_of_group();
 }
 
-Vector3f f2c_r(const Vector3f& x) {
-    return current_cell ? product(current_cell->direct_matrix, x) : x;
-}
+Vector3f f2c_r(const Vector3f& x) { return current_cell ? current_cell->direct_matrix * x : x; }
 
 Vector3f f2c_i(const Vector3i& n) {
     return f2c_r({static_cast<float>(n[0]), static_cast<float>(n[1]), static_cast<float>(n[2])});

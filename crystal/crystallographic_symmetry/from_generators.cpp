@@ -1,5 +1,6 @@
 #include "crystal/crystallographic_symmetry/from_generators.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
 #include "crystal/crystallographic_symmetry/group_table.hpp"
 #include "crystal/math_gen.hpp"
@@ -144,7 +145,7 @@ std::optional<Vector3f> turned_vector(const GroupTable& table) {
     const std::span known = std::span(lat_trans).first(static_cast<std::size_t>(num_lat));
     for (const Vector3f& v : known.subspan(1))
         for (std::size_t i = 1; i < table.size(); ++i) {
-            const Vector3f turned = applyso({table.rotation(i), {}}, v);
+            const Vector3f turned = table.rotation(i) * v;
             if (!is_listed(turned, known)) return turned;
         }
     return std::nullopt;
@@ -198,15 +199,13 @@ bool close_group(const Knowledge& known, ReducedList& list, GroupTable& table) {
     return true;
 }
 
-Matrix3i negative(const Matrix3i& rot) { return {-rot[0], -rot[1], -rot[2]}; }
-
 /// One operator for each rotation, and for each pair of a rotation and its negative where there is
 /// an inversion.
 OperatorList without_centring(std::span<const Sym_Oper_Type> ops, bool centric) {
     OperatorList result;
     for (const Sym_Oper_Type& op : ops) {
         const bool known = std::ranges::any_of(result.all(), [&](const Sym_Oper_Type& one) {
-            return one.rot == op.rot || (centric && one.rot == negative(op.rot));
+            return one.rot == op.rot || (centric && one.rot == -op.rot);
         });
         if (!known) result.push(op);
     }

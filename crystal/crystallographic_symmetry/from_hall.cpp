@@ -1,5 +1,6 @@
 #include "crystal/crystallographic_symmetry/from_hall.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
 #include "crystal/crystallographic_symmetry/group_table.hpp"
 #include "crystal/crystallographic_symmetry/operator_tables.hpp"

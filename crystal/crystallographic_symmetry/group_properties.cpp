@@ -1,5 +1,6 @@
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/math_gen.hpp"
 #include "crystal/string_utilities.hpp"
 
@@ -48,24 +49,6 @@ public:
 private:
     std::array<int, 13> of_order_{};
 };
-
-struct LatticeRow {
-    int points;
-    std::array<Vector3f, 3> vectors;  ///< behind the origin
-};
-
-constexpr float third = 1.0f / 3.0f;
-constexpr float two_thirds = 2.0f / 3.0f;
-// In the order of lattice_letters, without Z.
-constexpr std::array<LatticeRow, 7> lattices{{
-    {1, {}},
-    {2, {{{0, 0.5f, 0.5f}}}},
-    {2, {{{0.5f, 0, 0.5f}}}},
-    {2, {{{0.5f, 0.5f, 0}}}},
-    {2, {{{0.5f, 0.5f, 0.5f}}}},
-    {3, {{{two_thirds, third, third}, {third, two_thirds, two_thirds}}}},
-    {4, {{{0.5f, 0.5f, 0}, {0.5f, 0, 0.5f}, {0, 0.5f, 0.5f}}}},
-}};
 
 void set_lattice_points(std::span<const Vector3f> behind_origin) {
     const std::size_t count = std::min(behind_origin.size(), max_lattice_points - 1);
@@ -246,11 +229,7 @@ int latsym(std::string_view lattice, std::optional<std::span<const Vector3f>> ve
         set_err_symm("Unconventional Lattice Symbol Z needs centring vectors");
         return 0;
     }
-    if (letter == 'Z')
-        set_lattice_points(*vectors);
-    else
-        set_lattice_points(std::span(lattices[index].vectors)
-                               .first(static_cast<std::size_t>(lattices[index].points - 1)));
+    set_lattice_points(letter == 'Z' ? *vectors : centring_vectors(letter));
     lat_type[0] = letter;
     return static_cast<int>(index) + 1;
 }

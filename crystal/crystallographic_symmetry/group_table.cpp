@@ -9,13 +9,6 @@
 namespace crystallographic_symmetry {
 namespace {
 
-constexpr std::array<Vector3i, 1> centring_a{{{0, 6, 6}}};
-constexpr std::array<Vector3i, 1> centring_b{{{6, 0, 6}}};
-constexpr std::array<Vector3i, 1> centring_c{{{6, 6, 0}}};
-constexpr std::array<Vector3i, 1> centring_i{{{6, 6, 6}}};
-constexpr std::array<Vector3i, 2> centring_r{{{8, 4, 4}, {4, 8, 8}}};
-constexpr std::array<Vector3i, 3> centring_f{{{0, 6, 6}, {6, 0, 6}, {6, 6, 0}}};
-
 // Coefficients up to this keep sums of three products inside a column of 16 bits. No
 // crystallographic group comes near.
 constexpr int largest_coefficient = 100;
@@ -108,25 +101,6 @@ Vector3f cell_fractions(const Vector3i& tr) {
     constexpr float twelfth = 1.0f / 12.0f;
     return {static_cast<float>(tr[0]) * twelfth, static_cast<float>(tr[1]) * twelfth,
             static_cast<float>(tr[2]) * twelfth};
-}
-
-std::span<const Vector3i> centring_twelfths(int lattice_index) {
-    switch (lattice_index) {
-        case 2:
-            return centring_a;
-        case 3:
-            return centring_b;
-        case 4:
-            return centring_c;
-        case 5:
-            return centring_i;
-        case 6:
-            return centring_r;
-        case 7:
-            return centring_f;
-        default:
-            return {};
-    }
 }
 
 GroupTable::GroupTable(std::span<const Vector3i> centring) : centring_(centring) {

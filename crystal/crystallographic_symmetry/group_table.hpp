@@ -22,10 +22,6 @@ Vector3i folded_twelfths(const Vector3i& tr);
 /// Twelfths x (1/12), in 32-bit arithmetic.
 Vector3f cell_fractions(const Vector3i& tr);
 
-/// The centring vectors of a conventional lattice, in twelfths, the origin left out: by index from
-/// 1, as lattice_letters. None for P and Z.
-std::span<const Vector3i> centring_twelfths(int lattice_index);
-
 /// Up to 24 operators, the identity first, with translations in twelfths, so that closing them is
 /// exact.
 ///

@@ -8,6 +8,7 @@
 // planes, from which get_laue_pg tells the two directions apart.
 #include "crystal/crystallographic_symmetry/hermann_mauguin_elements.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/group_table.hpp"
 
 #include <algorithm>
@@ -35,18 +36,10 @@ constexpr Matrix3i three_z = rows({0, -1, 0}, {1, -1, 0}, {0, 0, 1});
 constexpr Matrix3i six_z = rows({1, -1, 0}, {1, 0, 0}, {0, 0, 1});
 constexpr Matrix3i two_100_hex = rows({1, -1, 0}, {0, -1, 0}, {0, 0, -1});
 
-constexpr Matrix3i inverted(const Matrix3i& m) { return {{-m[0], -m[1], -m[2]}}; }
-constexpr Element inverted(const Element& e) { return {inverted(e.rot), -e.tr}; }
+constexpr Element inverted(const Element& e) { return {-e.rot, -e.tr}; }
 
 Element product(const Element& a, const Element& b) {
-    Element result{{}, a.tr};
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t k = 0; k < 3; ++k) {
-            result.rot[i] = result.rot[i] + a.rot[i][k] * b.rot[k];
-            result.tr[i] += a.rot[i][k] * b.tr[k];
-        }
-    result.tr = folded_twelfths(result.tr);
-    return result;
+    return {a.rot * b.rot, folded_twelfths(a.rot * b.tr + a.tr)};
 }
 
 /// Glide vector of a plane normal to axis `normal`, along a, b and c only.
@@ -62,7 +55,7 @@ Vector3i glide(char letter, std::size_t normal) {
 /// Glide along c of a plane that contains the main axis, in hexagonal and cubic terms.
 int glide_along_c(char letter) { return letter == 'C' || letter == 'N' ? half : 0; }
 
-Element plane_normal_to(std::size_t normal, Vector3i tr) { return {inverted(two[normal]), tr}; }
+Element plane_normal_to(std::size_t normal, Vector3i tr) { return {-two[normal], tr}; }
 
 // --- triclinic and monoclinic -----------------------------------------------------------------
 
@@ -230,7 +223,7 @@ std::optional<Element> second_of_tetragonal(const Symbol& symbol, bool centric,
 void place_tetragonal(const Symbol& symbol, bool centric, ElementList& list) {
     Element four{four_z, {}};
     if (symbol.direction[0].axis < 0)
-        four.rot = inverted(four_z);
+        four.rot = -four_z;
     else
         four.tr = four_fold_translation(symbol, centric);
     list.extend(product(four, four));
@@ -244,11 +237,11 @@ void place_trigonal(const Symbol& symbol, ElementList& list) {
     const auto& [main, second, third] = symbol.direction;
     list.extend({three_z, {0, 0, 4 * main.screw}});
     if (second.has_plane())
-        list.extend({inverted(two_110), {0, 0, glide_along_c(second.plane)}});
+        list.extend({-two_110, {0, 0, glide_along_c(second.plane)}});
     else if (second.axis == 2)
         list.extend({two_110, {}});
     else if (third.has_plane())
-        list.extend({inverted(two_1m10), {0, 0, glide_along_c(third.plane)}});
+        list.extend({-two_1m10, {0, 0, glide_along_c(third.plane)}});
     else if (third.axis == 2)
         // The one at height 0 is along [210]; this one, next on the screw, is told by get_laue_pg.
         list.extend({two_1m10, {0, 0, 8 * main.screw}});
@@ -268,7 +261,7 @@ void place_hexagonal(const Symbol& symbol, bool centric, ElementList& list) {
     }
     list.extend({six_z, {0, 0, 2 * main.screw}});
     if (second.has_plane())
-        list.extend({centric ? two_110 : inverted(two_110), {0, 0, along_c}});
+        list.extend({centric ? two_110 : -two_110, {0, 0, along_c}});
     else if (second.axis == 2)
         list.extend({two_100_hex, {}});
 }
@@ -306,7 +299,7 @@ bool place_cubic(const Symbol& symbol, bool centric, ElementList& list) {
         list.extend({four_z, {along, screws ? -along : along, along}});
     } else if (third.has_plane() || main.axis == -4) {
         const int along = third.plane == 'D' ? quarter : glide_along_c(third.plane);
-        const Element plane{inverted(two_1m10), {along, along, along}};
+        const Element plane{-two_1m10, {along, along, along}};
         list.extend(centric ? inverted(plane) : plane);
     }
     return centric;

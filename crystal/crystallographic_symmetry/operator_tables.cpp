@@ -23,8 +23,6 @@ constexpr std::array<std::string_view, 36> triplets{
     "y,x,-z",   "x-y,-y,-z", "-x,-x+y,-z", "-y,-x,-z", "-x+y,y,-z", "x,x-y,-z"};
 // clang-format on
 
-constexpr Matrix3i negative(const Matrix3i& rot) { return {-rot[0], -rot[1], -rot[2]}; }
-
 template <std::size_t N>
 class Writer {
 public:
@@ -93,7 +91,7 @@ constexpr std::array<FixedText<Width>, 2 * Count> seitz_texts(
     for (std::size_t i = 0; i < Count; ++i) {
         const Matrix3i rot = matrix_of(triplets[first + i]);
         texts[i] = seitz_text(rot, columns).field();
-        texts[Count + i] = seitz_text(negative(rot), columns).field();
+        texts[Count + i] = seitz_text(-rot, columns).field();
     }
     return texts;
 }

@@ -1,5 +1,6 @@
 #include "crystal/crystallographic_symmetry/operators.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/operator_tables.hpp"
 #include "crystal/math_3d.hpp"
 #include "crystal/math_gen.hpp"
@@ -22,33 +23,6 @@ namespace {
 
 using math_gen::modulo_lat;
 
-Matrix3i product(const Matrix3i& a, const Matrix3i& b) {
-    Matrix3i result;
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j < 3; ++j)
-            result[i][j] = a[i][0] * b[0][j] + a[i][1] * b[1][j] + a[i][2] * b[2][j];
-    return result;
-}
-
-Vector3f product(const Matrix3i& a, const Vector3f& x) {
-    Vector3f result;
-    for (std::size_t i = 0; i < 3; ++i)
-        result[i] = static_cast<float>(a[i][0]) * x[0] + static_cast<float>(a[i][1]) * x[1] +
-                    static_cast<float>(a[i][2]) * x[2];
-    return result;
-}
-
-Matrix3i negative(const Matrix3i& rot) { return {-rot[0], -rot[1], -rot[2]}; }
-
-bool differ_by_cells(const Vector3f& v, const Vector3f& w) { return math_gen::zbelongv(v - w); }
-
-constexpr Vector3f centring_a{0.0f, 0.5f, 0.5f};
-constexpr Vector3f centring_b{0.5f, 0.0f, 0.5f};
-constexpr Vector3f centring_c{0.5f, 0.5f, 0.0f};
-constexpr Vector3f centring_i{0.5f, 0.5f, 0.5f};
-constexpr Vector3f centring_r1{2.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
-constexpr Vector3f centring_r2{1.0f / 3.0f, 2.0f / 3.0f, 2.0f / 3.0f};
-
 std::span<const Vector3f> unconventional_vectors() {
     const auto count =
         static_cast<std::size_t>(std::clamp(num_lat, 1, static_cast<int>(max_lattice_points)));
@@ -68,7 +42,7 @@ void set_err_symm(std::string_view message) {
 }
 
 Sym_Oper_Type product_symop(const Sym_Oper_Type& a, const Sym_Oper_Type& b) {
-    return {product(a.rot, b.rot), product(a.rot, b.tr) + a.tr};
+    return {a.rot * b.rot, a.rot * b.tr + a.tr};
 }
 
 Sym_Oper_Type sym_prod(const Sym_Oper_Type& a, const Sym_Oper_Type& b, bool modlat) {
@@ -91,26 +65,22 @@ FixedText<80> sym_prod_st(std::string_view a, std::string_view b, bool modlat) {
     return text;
 }
 
-Vector3f applyso(const Sym_Oper_Type& op, const Vector3f& x) { return product(op.rot, x) + op.tr; }
+Vector3f applyso(const Sym_Oper_Type& op, const Vector3f& x) { return op.rot * x + op.tr; }
 
 void inverse_symm(const Matrix3i& rot, const Vector3f& tr, Matrix3i& inverse_rot,
                   Vector3f& inverse_tr) {
     inverse_rot = {};
     inverse_tr = {};
-    Matrix3f real;
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j < 3; ++j) real[i][j] = static_cast<float>(rot[i][j]);
-    const std::optional<Matrix3f> inverse = math_3d::matrix_inverse(real);
+    const std::optional<Matrix3f> inverse = math_3d::matrix_inverse(as_real(rot));
     if (!inverse) {
         set_err_symm("Inversion Matrix Failed");
         return;
     }
     const Matrix3f& m = *inverse;
-    for (std::size_t i = 0; i < 3; ++i) {
+    for (std::size_t i = 0; i < 3; ++i)
         for (std::size_t j = 0; j < 3; ++j)
             inverse_rot[i][j] = static_cast<int>(std::clamp(std::round(m[i][j]), -1e9f, 1e9f));
-        inverse_tr[i] = -(m[i][0] * tr[0] + m[i][1] * tr[1] + m[i][2] * tr[2]);
-    }
+    inverse_tr = -(m * tr);
 }
 
 bool equal_symop(const Sym_Oper_Type& a, const Sym_Oper_Type& b) {
@@ -125,7 +95,7 @@ bool is_new_op(const Sym_Oper_Type& op, std::span<const Sym_Oper_Type> known) {
 }
 
 int searchop(const Matrix3i& rot, int first, int last) {
-    const Matrix3i inverted = negative(rot);
+    const Matrix3i inverted = -rot;
     const int from = std::max(first, 1);
     const int to = std::min(last, static_cast<int>(rot_table.size()));
     for (int row = from; row <= to; ++row)
@@ -144,34 +114,9 @@ int searchop(const Matrix3i& rot, int first, int last) {
 
 bool lattice_trans(const Vector3f& v, char letter) {
     if (math_gen::zbelongv(v)) return true;
-    const auto any = [&](std::span<const Vector3f> vectors) {
-        return std::ranges::any_of(vectors,
-                                   [&](const Vector3f& w) { return differ_by_cells(v, w); });
-    };
-    switch (letter) {
-        case 'A':
-        case 'a':
-            return differ_by_cells(v, centring_a);
-        case 'B':
-        case 'b':
-            return differ_by_cells(v, centring_b);
-        case 'C':
-        case 'c':
-            return differ_by_cells(v, centring_c);
-        case 'I':
-        case 'i':
-            return differ_by_cells(v, centring_i);
-        case 'R':
-        case 'r':
-            return any(std::array{centring_r1, centring_r2});
-        case 'F':
-        case 'f':
-            return any(std::array{centring_a, centring_b, centring_c});
-        case 'Z':
-            return any(unconventional_vectors());
-        default:
-            return false;
-    }
+    const auto vectors = letter == 'Z' ? unconventional_vectors() : centring_vectors(letter);
+    return std::ranges::any_of(vectors,
+                               [&](const Vector3f& w) { return math_gen::zbelongv(v - w); });
 }
 
 void mod_trans(std::span<Sym_Oper_Type> ops, int flag, int* swapped) {

@@ -260,8 +260,7 @@ std::size_t append_inverted(Space_Group_Type& group, std::size_t count) {
         group.centred == 0 ? 2.0f * group.centre_coord : Vector3f{0.0f, 0.0f, 0.0f};
     for (std::size_t i = 0; i < count; ++i) {
         const Sym_Oper_Type& op = group.sym_op[i];
-        group.sym_op[count + i] = {{-op.rot[0], -op.rot[1], -op.rot[2]},
-                                   modulo_lat(twice_centre - op.tr)};
+        group.sym_op[count + i] = {-op.rot, modulo_lat(twice_centre - op.tr)};
     }
     return 2 * count;
 }

@@ -1,5 +1,6 @@
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/operator_tables.hpp"
 #include "crystal/symmetry_tables/rows.hpp"
 
@@ -125,6 +126,19 @@ TEST(GroupProperties, UnconventionalLatticeTakesElevenVectors) {
     EXPECT_EQ(lat_trans[11], vectors[10]);
     EXPECT_EQ(latsym("z", std::span(vectors).first(2)), 8);
     EXPECT_EQ(num_lat, 3);
+}
+
+TEST(GroupProperties, ALetterAloneTellsItsLatticePoints) {
+    for (const char letter : lattice_letters.substr(0, 7)) {
+        latsym({&letter, 1});
+        const auto points = lattice_points(letter);
+        EXPECT_TRUE(std::ranges::equal(
+            points, std::span(lat_trans).first(static_cast<std::size_t>(num_lat))));
+        for (const Vector3f& point : points) EXPECT_TRUE(lattice_trans(point, letter)) << letter;
+    }
+    EXPECT_EQ(lattice_points('f').size(), 4u);
+    EXPECT_EQ(lattice_points('r')[2], (Vector3f{1.0f / 3.0f, 2.0f / 3.0f, 2.0f / 3.0f}));
+    for (const char letter : {'Z', 'q', ' ', '5'}) EXPECT_EQ(lattice_points(letter).size(), 1u);
 }
 
 TEST(GroupProperties, UnknownLatticesAreRefused) {
