@@ -79,3 +79,60 @@ TEST_F(Mailbox, ASuppressedDialogPostsNothingButRemembersItsButton) {
     EXPECT_EQ(dialog.exit_button, 2);
     EXPECT_EQ(dialog.exit_field, 1034);
 }
+
+TEST_F(Mailbox, WhatIsKeptComesInOrderWithDamageUnitedAndTheLastSize) {
+    const Mail close = mail(CloseRequest, 0);
+    keep({.type = ExposeMessage, .value1 = 20, .value2 = 10, .x = 30, .y = 40});
+    keep({.type = Resize, .value1 = 640, .value2 = 480});
+    keep(close);
+    keep({.type = ExposeMessage, .value1 = 5, .value2 = 60, .x = 10, .y = 45});
+    keep({.type = ExposeMessage, .value1 = 5, .value2 = 5, .value3 = 1, .value4 = 1001});
+    keep({.type = Resize, .value1 = 320, .value2 = 200});
+    keep({.type = Resize, .value1 = 100, .value2 = 90, .win = 2});
+    keep(close);
+    EXPECT_EQ(take_kept(),
+              (Mail{.type = ExposeMessage, .value1 = 40, .value2 = 65, .x = 10, .y = 40}))
+        << "10 to 50 and 40 to 105";
+    EXPECT_EQ(take_kept(), (Mail{.type = Resize, .value1 = 320, .value2 = 200}));
+    EXPECT_EQ(take_kept(), close);
+    EXPECT_EQ(take_kept().value4, 1001) << "another place is damage of its own";
+    EXPECT_TRUE(anything_kept());
+    EXPECT_EQ(take_kept().win, 2);
+    EXPECT_FALSE(anything_kept());
+    EXPECT_EQ(take_kept().type, 0);
+}
+
+TEST_F(Mailbox, AWindowThatClosesTakesWhatIsKeptOfItAlong) {
+    keep({.type = Resize, .value1 = 320, .win = 2});
+    keep({.type = Resize, .value1 = 320, .win = 3});
+    keep({.type = PushButton, .value1 = 1, .value3 = -1, .win = 2});
+    drop_kept_of_window(2);
+    EXPECT_EQ(take_kept().win, 3);
+    EXPECT_EQ(take_kept().type, PushButton) << "dialog 2 isn't window 2";
+    keep(mail(CloseRequest, 0));
+    clear_mailbox();
+    EXPECT_FALSE(anything_kept());
+}
+
+TEST_F(Mailbox, ALoopInsideADispatchLeavesTheMailboxAsItWas) {
+    bInWMessage = true;
+    yyDGSendTesserakitMessage(nullptr, mail(PushButton, 1));
+    yyDGSendTesserakitMessage(nullptr, mail(PushButton, 2));
+    {
+        const MailboxScope loop;
+        EXPECT_EQ(pending_type(), 0);
+        yyDGSendTesserakitMessage(nullptr, mail(MenuSelect, 3));
+        EXPECT_EQ(wXtMesg, mail(MenuSelect, 3));
+        yyDGSendTesserakitMessage(nullptr, mail(MenuSelect, 4));
+        EXPECT_EQ(wXtMesg2, mail(MenuSelect, 4));
+    }
+    EXPECT_EQ(wXtMesg, mail(PushButton, 1));
+    EXPECT_EQ(wXtMesg2, mail(PushButton, 2));
+    EXPECT_TRUE(bInWMessage);
+    bInWMessage = false;
+    {
+        const MailboxScope loop;
+        EXPECT_TRUE(bInWMessage);
+    }
+    EXPECT_FALSE(bInWMessage) << "opened by the application";
+}

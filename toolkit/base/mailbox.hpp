@@ -2,7 +2,8 @@
 ///
 /// Everything that happens inside event dispatch is posted here; wmessagepeek and wmessage empty
 /// it. At most two messages are pending: a callback may post while a translated event already
-/// waits in the first slot, and only then is the second slot used.
+/// waits in the first slot, and only then is the second slot used. What comes while nothing may be
+/// delivered (a menu is open, a modal loop runs) and must not be lost is kept beside the slots.
 #pragma once
 
 #include "toolkit/message_record.hpp"
@@ -58,7 +59,32 @@ void yyDGSendTesserakitMessage(PostingState* dialog, const Mail& mail);
 int pending_type();
 /// Takes the overflow message; its type is 0 when there is none.
 Mail take_overflow();
-/// Empties both slots.
+/// Empties both slots, and drops what is kept.
 void clear_mailbox();
+
+/// Keeps a message for later, behind those that are kept already. An exposure is united with one
+/// of the same place to the box around both; of sizes of one window the last stays; what is kept
+/// already as it is isn't kept twice.
+void keep(const Mail& mail);
+/// Takes the oldest message that is kept; its type is 0 when there is none.
+Mail take_kept();
+bool anything_kept();
+/// Drops what is kept of a window that closes.
+void drop_kept_of_window(int window);
+
+/// Both slots are empty, and posts are those of a dispatch, while this lives; then the slots are
+/// as they were. For a loop inside a dispatch: its messages and those outside don't meet.
+class MailboxScope {
+public:
+    MailboxScope();
+    ~MailboxScope();
+    MailboxScope(const MailboxScope&) = delete;
+    MailboxScope& operator=(const MailboxScope&) = delete;
+
+private:
+    Mail first_;
+    Mail overflow_;
+    bool inside_;
+};
 
 }  // namespace tesserakit
