@@ -6,7 +6,6 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/menus/toolbars.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
 #include <Xm/DrawP.h>
@@ -110,12 +109,12 @@ int yymnheight(int window) {
 // Without items there is nothing to pull down.
 bool yymenuactive() { return false; }
 void yymndeactivate() {}
-int yymninterpretkey(KeySym, int, unsigned) { return 0; }
+MenuAnswer yymninterpretkey(KeySym, int, unsigned) { return {}; }
 int yyacinterpretkey(KeySym, int, unsigned) { return 0; }
 
-bool yymninterpretbutton(const XButtonEvent& event, int window) {
+MenuAnswer yymninterpretbutton(const XButtonEvent& event, int window) {
     const MenuBar* bar = bar_of(window);
-    return bar && event.window == bar->window;
+    return {.consumed = bar && event.window == bar->window};
 }
 
 void install_menus() {

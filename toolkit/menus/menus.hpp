@@ -1,6 +1,8 @@
 /// The menu bar of a window.
 #pragma once
 
+#include "toolkit/windows/menu_hooks.hpp"
+
 #include <X11/Intrinsic.h>
 
 namespace tesserakit {
@@ -33,10 +35,10 @@ int yymnheight(int window);
 bool yymenuactive();
 void yymndeactivate();
 
-/// A mnemonic's item, and an accelerator's; 0 for a key that is none's.
-int yymninterpretkey(KeySym key, int window, unsigned state);
+/// What a key is to the menus, and an accelerator's item; 0 for a key that is none's.
+MenuAnswer yymninterpretkey(KeySym key, int window, unsigned state);
 int yyacinterpretkey(KeySym key, int window, unsigned state);
-/// A press in or out of the menu; true when it was the menu's.
-bool yymninterpretbutton(const XButtonEvent& event, int window);
+/// A press or release in or out of the menu.
+MenuAnswer yymninterpretbutton(const XButtonEvent& event, int window);
 
 }  // namespace tesserakit

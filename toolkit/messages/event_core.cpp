@@ -1,6 +1,9 @@
-// One X event becomes at most one message. Each handler fills wXtMesg and answers the message's
-// type, or 0; a message of a disabled type is never written, so that what a callback has posted
-// stays as it is.
+// One X event becomes at most one message. Each handler leaves it in wXtMesg, and answers whether
+// the event goes on to the widgets; a message of a disabled type is never written, so that what a
+// callback has posted stays as it is.
+//
+// While a menu is open keys, buttons and moves are the menu's: whatever the menu says of one, it
+// goes no further, or it would also fire a mnemonic, type into a text or press a button.
 
 #include "toolkit/messages/event_core.hpp"
 
@@ -35,15 +38,14 @@ constexpr std::int32_t double_click_ms = 500;
 struct State {
     Time iLastClickTime = 0;
     unsigned iLastClickButton = 0;
+    unsigned consumed_buttons = 0;  // a bit each, from the press to its release
 };
 constinit State state{};
 
 std::int32_t server_time(Time time) { return static_cast<std::int32_t>(time); }
 
-int put_message(const Mail& mail) {
-    if (!message_enabled(mail.type)) return 0;
-    wXtMesg = mail;
-    return mail.type;
+void put_message(const Mail& mail) {
+    if (message_enabled(mail.type)) wXtMesg = mail;
 }
 
 WindowSlot& slot_of(const WindowOwner& owner) { return window_slot(owner.window); }
@@ -70,7 +72,7 @@ DialogPlace dialog_of_key(const WindowOwner& owner) {
     return hosted >= 0 ? dialog_hooks.place(dialog_hooks.widget(hosted)) : DialogPlace{};
 }
 
-int ask_for_help(const DialogPlace& dialog, const XKeyEvent& event) {
+void ask_for_help(const DialogPlace& dialog, const XKeyEvent& event) {
     yyDGSendTesserakitMessage(dialog_hooks.posting(dialog.slot),
                               {.type = PushButton,
                                .value1 = help_button,
@@ -81,45 +83,56 @@ int ask_for_help(const DialogPlace& dialog, const XKeyEvent& event) {
                                .y = -1,
                                .win = dialog.identifier,
                                .time = server_time(event.time)});
-    return pending_type();
 }
 
-int select_by_key(const XKeyEvent& event, int window, int item) {
-    return put_message({.type = MenuSelect,
-                        .value1 = item,
-                        .x = event.x,
-                        .y = event.y,
-                        .win = window,
-                        .time = server_time(event.time)});
+void select_by_key(const XKeyEvent& event, int window, int item) {
+    put_message({.type = MenuSelect,
+                 .value1 = item,
+                 .x = event.x,
+                 .y = event.y,
+                 .win = window,
+                 .time = server_time(event.time)});
 }
 
-int key_down(const XKeyEvent& event, const Key& key, int window) {
+void key_down(const XKeyEvent& event, const Key& key, int window) {
     const int code = yyMSInterpretKey(
         key.keysym, std::string_view(key.text.data(), static_cast<std::size_t>(key.length)),
         (event.state & ShiftMask) != 0, (event.state & ControlMask) != 0);
-    if (code == 0) return 0;
-    return put_message({.type = KeyDown,
-                        .value1 = code,
-                        .value2 = wXtMesg.value2,
-                        .x = event.x,
-                        .y = event.y,
-                        .win = window,
-                        .time = server_time(event.time)});
+    if (code == 0) return;
+    put_message({.type = KeyDown,
+                 .value1 = code,
+                 .value2 = wXtMesg.value2,
+                 .x = event.x,
+                 .y = event.y,
+                 .win = window,
+                 .time = server_time(event.time)});
 }
 
-int key_press(XEvent& event) {
+/// A key that is the menus' own: in an open menu, a mnemonic, or an accelerator.
+bool key_of_menu(const XKeyEvent& event, KeySym key, int window) {
+    const bool open = menu_hooks.active();
+    if (!open && window < 0) return false;
+    MenuAnswer answer = menu_hooks.interpret_key(key, window, event.state);
+    if (!open && !answer.consumed && answer.item == 0)
+        answer.item = menu_hooks.interpret_accelerator(key, window, event.state);
+    if (answer.item != 0) select_by_key(event, window, answer.item);
+    return open || answer.consumed || answer.item != 0;
+}
+
+Outcome key_press(XEvent& event) {
     const WindowOwner owner = yygetparenthandle(event.xkey.window);
     const Key key = look_up(event.xkey);
     const DialogPlace dialog = dialog_of_key(owner);
-    if (dialog.slot >= 0 && (key.keysym == XK_F1 || key.keysym == XK_KP_F1))
-        return ask_for_help(dialog, event.xkey);
-    if (owner.window < 0) return 0;
-    int item = menu_hooks.interpret_key(key.keysym, owner.window, event.xkey.state);
-    if (item == 0)
-        item = menu_hooks.interpret_accelerator(key.keysym, owner.window, event.xkey.state);
-    if (item != 0) return select_by_key(event.xkey, owner.window, item);
-    if (slot_of(owner).type != WindowType::Plain || owner.dialog.slot >= 0) return 0;
-    return key_down(event.xkey, key, owner.window);
+    const bool help = dialog.slot >= 0 && (key.keysym == XK_F1 || key.keysym == XK_KP_F1);
+    if (help && !menu_hooks.active()) {
+        ask_for_help(dialog, event.xkey);
+        return Outcome::GoesOn;
+    }
+    if (key_of_menu(event.xkey, key.keysym, owner.window)) return Outcome::Consumed;
+    if (owner.window < 0 || slot_of(owner).type != WindowType::Plain || owner.dialog.slot >= 0)
+        return Outcome::GoesOn;
+    key_down(event.xkey, key, owner.window);
+    return Outcome::GoesOn;
 }
 
 // Pointer
@@ -169,35 +182,66 @@ void take_focus(const WindowSlot& slot, Time time) {
     XmProcessTraversal(slot.client_widget, XmTRAVERSE_CURRENT);
 }
 
-int button(XEvent& event) {
+/// A button that is the menus' own. A press outside an open menu closes it, and isn't told.
+bool button_of_menu(const XButtonEvent& event, int window) {
+    const bool open = menu_hooks.active();
+    const MenuAnswer answer = menu_hooks.interpret_button(event, window);
+    if (answer.item != 0) put_message({.type = MenuSelect, .value1 = answer.item, .win = window});
+    if (answer.consumed || answer.item != 0) return true;
+    if (open && event.type == ButtonPress) menu_hooks.deactivate();
+    return open;
+}
+
+/// Whether a button goes on. The release of a press that didn't go on stays behind with it.
+bool keeps_button(const XButtonEvent& event, int window) {
+    const unsigned bit = 1U << (event.button & 31U);
+    const bool menu = button_of_menu(event, window);
+    const bool pair = event.type == ButtonRelease && (state.consumed_buttons & bit) != 0;
+    state.consumed_buttons &= ~bit;
+    if (menu && event.type == ButtonPress) state.consumed_buttons |= bit;
+    return menu || pair;
+}
+
+Outcome button(XEvent& event) {
     const bool press = event.type == ButtonPress;
     bPointerGrabbed = press;
     const WindowOwner owner = yygetparenthandle(event.xbutton.window);
-    if (press && menu_hooks.interpret_button(event.xbutton, owner.window)) return 0;
-    if (press && menu_hooks.active()) menu_hooks.deactivate();
-    if (owner.kind != WindowKind::Client) return 0;
+    if (keeps_button(event.xbutton, owner.window)) return Outcome::Consumed;
+    if (owner.kind != WindowKind::Client) return Outcome::GoesOn;
     if (press) take_focus(slot_of(owner), event.xbutton.time);
-    return put_message(from_window(button_mail(event.xbutton), owner.window));
+    put_message(from_window(button_mail(event.xbutton), owner.window));
+    return Outcome::GoesOn;
 }
 
-int motion(XEvent& event) {
+Outcome motion(XEvent& event) {
+    if (menu_hooks.active()) return Outcome::Consumed;
     const WindowOwner owner = yygetparenthandle(event.xmotion.window);
-    if (owner.kind != WindowKind::Client) return 0;
-    return put_message(from_window(motion_mail(event.xmotion), owner.window));
+    if (owner.kind == WindowKind::Client)
+        put_message(from_window(motion_mail(event.xmotion), owner.window));
+    return Outcome::GoesOn;
+}
+
+/// Widgets are told too: each enter has its leave, before and after a menu.
+Outcome crossing(XEvent& event) {
+    const WindowKind kind = yygetparenthandle(event.xcrossing.window).kind;
+    if (kind == WindowKind::MenuBar || kind == WindowKind::MenuPopUp ||
+        kind == WindowKind::MenuItem)
+        menu_hooks.crossing(event.xcrossing);
+    return Outcome::GoesOn;
 }
 
 /// yyFocusToSubWin: the window manager gives the focus to the shell, keys are read in the client.
-int focus_in(XEvent& event) {
+Outcome focus_in(XEvent& event) {
     const XFocusChangeEvent& focus = event.xfocus;
     if (focus.mode != NotifyNormal && focus.mode != NotifyGrab && focus.mode != NotifyUngrab)
-        return 0;
+        return Outcome::GoesOn;
     const WindowOwner owner = yygetparenthandle(focus.window);
-    if (owner.window < 0 || owner.kind != WindowKind::Frame) return 0;
+    if (owner.window < 0 || owner.kind != WindowKind::Frame) return Outcome::GoesOn;
     const WindowSlot& slot = slot_of(owner);
     if (focus.window == slot.shell && slot.type == WindowType::Plain &&
         focus.detail != NotifyInferior)
         take_focus(slot, CurrentTime);
-    return 0;
+    return Outcome::GoesOn;
 }
 
 // Damage and size
@@ -218,23 +262,25 @@ bool damage(XExposeEvent& event) {
     return !repair_from_snapshot(event.window, event);
 }
 
-int expose(XEvent& event) {
+Outcome expose(XEvent& event) {
     const WindowOwner owner = yygetparenthandle(event.xexpose.window);
     switch (owner.kind) {
         case WindowKind::Client:
-            if (!damage(event.xexpose)) return 0;
-            return put_message(from_window(expose_mail(event.xexpose), owner.window));
+            if (damage(event.xexpose))
+                put_message(from_window(expose_mail(event.xexpose), owner.window));
+            break;
         case WindowKind::MenuBar:
         case WindowKind::MenuPopUp:
         case WindowKind::MenuItem:
             menu_hooks.draw(event.xexpose.window);
-            return 0;
+            break;
         case WindowKind::StatusBar:
             yystatusbardraw(*window_slot(owner.window).status_bar);
-            return 0;
+            break;
         default:
-            return 0;
+            break;
     }
+    return Outcome::GoesOn;
 }
 
 /// The content's place on the screen: a reparented window's own events count from its frame.
@@ -244,66 +290,70 @@ void store_position(WindowSlot& slot) {
                           &child);
 }
 
-int window_configured(WindowSlot& slot, int window, const XConfigureEvent& event) {
+void window_configured(WindowSlot& slot, int window, const XConfigureEvent& event) {
     store_position(slot);
-    if (!yywindowresize(window, event.width, event.height)) return 0;
+    if (!yywindowresize(window, event.width, event.height)) return;
     XClearWindow(yydisplay.display, slot.client);
-    if (slot.type == WindowType::Editor) return 0;
-    return put_message({.type = Resize,
-                        .value1 = slot.width,
-                        .value2 = slot.height,
-                        .x = slot.x,
-                        .y = slot.y,
-                        .win = window});
+    if (slot.type == WindowType::Editor) return;
+    put_message({.type = Resize,
+                 .value1 = slot.width,
+                 .value2 = slot.height,
+                 .x = slot.x,
+                 .y = slot.y,
+                 .win = window});
 }
 
-int dialog_configured(const DialogPlace& dialog, const XConfigureEvent& event) {
-    if (!dialog_hooks.shell_resized(dialog.slot, event.width, event.height)) return 0;
-    return put_message({.type = Resize,
-                        .value1 = event.width,
-                        .value2 = event.height,
-                        .value3 = SourceField,
-                        .x = event.x,
-                        .y = event.y,
-                        .win = dialog.identifier});
+void dialog_configured(const DialogPlace& dialog, const XConfigureEvent& event) {
+    if (!dialog_hooks.shell_resized(dialog.slot, event.width, event.height)) return;
+    put_message({.type = Resize,
+                 .value1 = event.width,
+                 .value2 = event.height,
+                 .value3 = SourceField,
+                 .x = event.x,
+                 .y = event.y,
+                 .win = dialog.identifier});
 }
 
-int configure(XEvent& event) {
+Outcome configure(XEvent& event) {
     const Widget widget = XtWindowToWidget(yydisplay.display, event.xconfigure.window);
-    if (!widget || !XtIsShell(widget)) return 0;
+    if (!widget || !XtIsShell(widget)) return Outcome::GoesOn;
     const WindowOwner owner = yygetparenthandle(event.xconfigure.window);
-    if (owner.window < 0 && owner.dialog.slot < 0) return 0;
+    if (owner.window < 0 && owner.dialog.slot < 0) return Outcome::GoesOn;
     XFlush(yydisplay.display);
     XSync(yydisplay.display, False);
     yyclearevents(event.xconfigure);
-    return owner.window >= 0 ? window_configured(slot_of(owner), owner.window, event.xconfigure)
-                             : dialog_configured(owner.dialog, event.xconfigure);
+    if (owner.window >= 0) {
+        window_configured(slot_of(owner), owner.window, event.xconfigure);
+    } else {
+        dialog_configured(owner.dialog, event.xconfigure);
+    }
+    return Outcome::GoesOn;
 }
 
 // The rest
 
-int client_message(XEvent& event) {
+Outcome client_message(XEvent& event) {
     const XClientMessageEvent& message = event.xclient;
-    if (!TimerEnabled || message.format != 32 || message.data.l[0] != timer_message ||
-        message.window != windows[0].window)
-        return 0;
-    return put_message(
-        {.type = TimerExpired, .value1 = static_cast<std::int32_t>(message.data.l[1])});
+    if (TimerEnabled && message.format == 32 && message.data.l[0] == timer_message &&
+        message.window == windows[0].window)
+        put_message({.type = TimerExpired, .value1 = static_cast<std::int32_t>(message.data.l[1])});
+    return Outcome::GoesOn;
 }
 
-int mapping(XEvent& event) {
+Outcome mapping(XEvent& event) {
     XRefreshKeyboardMapping(&event.xmapping);
-    return 0;
+    return Outcome::GoesOn;
 }
 
 struct Handler {
     int type;
-    int (*handle)(XEvent&);
+    Outcome (*handle)(XEvent&);
 };
 
 constexpr std::array handlers{
     Handler{KeyPress, key_press},        Handler{ButtonPress, button},
     Handler{ButtonRelease, button},      Handler{MotionNotify, motion},
+    Handler{EnterNotify, crossing},      Handler{LeaveNotify, crossing},
     Handler{FocusIn, focus_in},          Handler{Expose, expose},
     Handler{ConfigureNotify, configure}, Handler{ClientMessage, client_message},
     Handler{MappingNotify, mapping},
@@ -311,15 +361,14 @@ constexpr std::array handlers{
 
 // User-drawn fields
 
-int field_motion(const XMotionEvent& event, const DialogPlace& place) {
+void field_motion(const XMotionEvent& event, const DialogPlace& place) {
     Mail mail = from_field(motion_mail(event), place);
     mail.value1 = -1;
-    return put_message(mail);
+    put_message(mail);
 }
 
-int field_expose(XExposeEvent& event, const DialogPlace& place) {
-    if (!damage(event)) return 0;
-    return put_message(from_field(expose_mail(event), place));
+void field_expose(XExposeEvent& event, const DialogPlace& place) {
+    if (damage(event)) put_message(from_field(expose_mail(event), place));
 }
 
 }  // namespace
@@ -361,27 +410,31 @@ void yyclearevents(XConfigureEvent& event) {
         event = next.xconfigure;
 }
 
-int yyMSInterpretMessageCore(XEvent& event) {
+Outcome yyMSInterpretMessageCore(XEvent& event) {
     const auto found = std::ranges::find(handlers, event.type, &Handler::type);
-    return found == handlers.end() ? 0 : found->handle(event);
+    return found == handlers.end() ? Outcome::GoesOn : found->handle(event);
 }
 
-int yyDGInterpretToolkit(XEvent& event) {
+Outcome yyDGInterpretToolkit(XEvent& event) {
     const Widget widget = XtWindowToWidget(yydisplay.display, event.xany.window);
-    if (!widget) return 0;
+    if (!widget) return Outcome::GoesOn;
     const DialogPlace place = dialog_hooks.place(widget);
-    if (place.slot < 0 || !place.user_drawn) return 0;
+    if (place.slot < 0 || !place.user_drawn) return Outcome::GoesOn;
     switch (event.type) {
         case ButtonPress:
         case ButtonRelease:
-            return put_message(from_field(button_mail(event.xbutton), place));
+            put_message(from_field(button_mail(event.xbutton), place));
+            break;
         case MotionNotify:
-            return field_motion(event.xmotion, place);
+            field_motion(event.xmotion, place);
+            break;
         case Expose:
-            return field_expose(event.xexpose, place);
+            field_expose(event.xexpose, place);
+            break;
         default:
-            return 0;
+            break;
     }
+    return Outcome::GoesOn;
 }
 
 }  // namespace tesserakit

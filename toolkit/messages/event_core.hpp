@@ -15,9 +15,13 @@ int yymousemodifiers(unsigned state);
 void yyclearevents(XExposeEvent& event);
 void yyclearevents(XConfigureEvent& event);
 
-/// The translation by X event type (event_core.cpp): fills wXtMesg and answers the type, 0 for
-/// none. The first handles windows, menus and keys; the second user-drawn dialog fields.
-int yyMSInterpretMessageCore(XEvent& event);
-int yyDGInterpretToolkit(XEvent& event);
+/// Whether an event goes on to the next step of its interpretation, and in the end to the
+/// widgets. Either way a message may have come of it, in wXtMesg.
+enum class Outcome { GoesOn, Consumed };
+
+/// The translation by X event type (event_core.cpp). The first handles windows, menus and keys;
+/// the second user-drawn dialog fields.
+Outcome yyMSInterpretMessageCore(XEvent& event);
+Outcome yyDGInterpretToolkit(XEvent& event);
 
 }  // namespace tesserakit

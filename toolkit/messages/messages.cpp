@@ -11,62 +11,71 @@
 #include "toolkit/windows/message_hooks.hpp"
 #include "toolkit/windows/window_layout.hpp"
 
-namespace tesserakit {
+#include <array>
+#include <utility>
 
-constinit XEvent iEvent{};
+namespace tesserakit {
 
 namespace {
 
+constexpr std::array interpretation{yyMSInterpretMessageCore, yyDGInterpretToolkit};
+
 /// The low-level steps for one event; a later step sees what the earlier ones left.
-int yyMSInterpretMessageLowLevel(XEvent& event) {
-    if (const int type = yyMSInterpretMessageCore(event)) {
-        XtDispatchEvent(&event);
-        return type;
-    }
-    if (const int type = yyDGInterpretToolkit(event)) {
-        XtDispatchEvent(&event);
-        return type;
-    }
+void yyMSInterpretMessageLowLevel(XEvent& event) {
+    for (const auto interpret : interpretation)
+        if (interpret(event) == Outcome::Consumed) return;
     // Also for windows without a widget: input methods and Xt's own services look for theirs.
     XtDispatchEvent(&event);
-    return pending_type();
 }
 
-/// One step of the pump: the type of a message, NoMessage when nothing is to be done, 0 to go on.
-int step(bool wait) {
+/// What any message passes on its way out of the mailbox; its type is 0 when it ends here.
+Mail on_its_way(const Mail& mail) {
+    if (mail.type != 0) menu_hooks.end_tooltip();
+    return mail;
+}
+
+Mail take_posted() { return pending_type() != 0 ? on_its_way(std::exchange(wXtMesg, {})) : Mail{}; }
+
+/// One step of the pump: a message, NoMessage when nothing is to be done, type 0 to go on.
+Mail step(bool wait) {
+    if (const Mail overflow = on_its_way(take_overflow()); overflow.type != 0) return overflow;
     const bool event = event_waiting();
     // A timer of a widget may have posted, without an event.
-    if (const int posted = pending_type()) return posted;
+    if (const Mail posted = take_posted(); posted.type != 0) return posted;
     if (event) return yyinterpretmessage();
-    if (!wait) return NoMessage;
+    if (!wait) return {.type = NoMessage};
     yywaitdisplay(idle_tick_ms);
-    return 0;
-}
-
-Mail yydispatchmessage(bool wait) {
-    bInWMessage = true;
-    Mail mail = take_overflow();
-    if (mail.type == 0) {
-        wXtMesg = {};
-        int type = 0;
-        while (type == 0) {
-            type = step(wait);
-            // What happens in an open menu is not the application's.
-            if (menu_hooks.active() && type != NoMessage) {
-                wXtMesg = {};
-                type = 0;
-            }
-        }
-        mail = wXtMesg;
-        mail.type = type;
-    }
-    bInWMessage = false;
-    return mail;
+    return {};
 }
 
 bool pointer_or_key(int type) {
     return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
            type == MouseButDblClick;
+}
+
+/// What the user does in an open menu isn't the application's; what the server and the widgets
+/// tell is, once the menu has closed.
+bool outlives_menu(const Mail& mail) {
+    return mail.type == ExposeMessage || !pointer_or_key(mail.type);
+}
+
+/// The next message for the application, in the order in which they came.
+Mail yydispatchmessage(bool wait) {
+    bInWMessage = true;
+    wXtMesg = {};
+    Mail mail;
+    while (mail.type == 0) {
+        if (!menu_hooks.active()) mail = take_kept();
+        if (mail.type != 0) break;
+        mail = step(wait);
+        if (mail.type == 0 || mail.type == NoMessage) continue;
+        // The one that closed the menu comes behind what was kept.
+        if (!menu_hooks.active() && !anything_kept()) continue;
+        if (!menu_hooks.active() || outlives_menu(mail)) keep(mail);
+        mail = {};
+    }
+    bInWMessage = false;
+    return mail;
 }
 
 bool has_source(int type) {
@@ -158,11 +167,20 @@ bool event_waiting() {
     return (pending & XtIMXEvent) != 0;
 }
 
-int yyinterpretmessage() {
-    XtAppNextEvent(yydisplay.app, &iEvent);
-    if (!yyMSCheckWinDiag(iEvent)) return 0;
-    return yyMSInterpretMessageLowLevel(iEvent);
+Mail yyinterpretmessage() {
+    // Not shared: a loop inside the dispatch reads events of its own.
+    XEvent event;
+    XtAppNextEvent(yydisplay.app, &event);
+    if (yyMSCheckWinDiag(event)) {
+        yyMSInterpretMessageLowLevel(event);
+    } else if (event.type == ButtonPress && menu_hooks.active()) {
+        menu_hooks.deactivate();
+    }
+    if (menu_hooks.active()) menu_hooks.next_event();
+    return take_posted();
 }
+
+bool message_waiting() { return !menu_hooks.active() && (anything_kept() || wXtMesg2.type != 0); }
 
 void wmessage(int& type, MessageRecord& record) {
     if (!yydisplay.display) {
@@ -193,7 +211,11 @@ void install_messages() {
                 load_message_defaults();
                 TimerEnabled = message_enabled(TimerExpired);
             },
-        .window_closes = [](int window) { yyMSSemiAddRemove(-1, window_object, window); },
+        .window_closes =
+            [](int window) {
+                yyMSSemiAddRemove(-1, window_object, window);
+                drop_kept_of_window(window);
+            },
         .shut_down =
             [] {
                 cancel_timers();

@@ -9,18 +9,18 @@
 
 namespace tesserakit {
 
-extern XEvent iEvent;  ///< the event now being interpreted
-
 /// The switch of a type; 0 for types outside 1 to 16.
 void yyinfomessage(int type, int& state);
 
 /// Fills the record of what windows ask of the messages.
 void install_messages();
 
-/// Takes one event off the queue and interprets it: the type of the message that it left in
-/// wXtMesg, or 0. Blocks when there is none.
-int yyinterpretmessage();
+/// Takes one event off the queue and interprets it: the message that came of it, or one of type 0.
+/// Blocks when there is no event.
+Mail yyinterpretmessage();
 /// True when yyinterpretmessage has an event to take; due timers are run on the way.
 bool event_waiting();
+/// True when the next poll has a message without any event.
+bool message_waiting();
 
 }  // namespace tesserakit

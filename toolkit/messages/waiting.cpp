@@ -1,8 +1,8 @@
 // Waiting for time or for the connection, with exposures served meanwhile.
 
 #include "toolkit/base/display.hpp"
-#include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/event_core.hpp"
+#include "toolkit/messages/messages.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/event_masks.hpp"
 
@@ -60,7 +60,7 @@ void ioswait(int milliseconds) {
 }
 
 void wmessagewait(int milliseconds) {
-    if (!yydisplay.display || milliseconds <= 0 || wXtMesg2.type != 0) return;
+    if (!yydisplay.display || milliseconds <= 0 || message_waiting()) return;
     if (XtAppPending(yydisplay.app) != 0) return;
     yywaitdisplay(milliseconds);
 }

@@ -16,6 +16,12 @@ struct MenuWindow {
     int window = -1;
 };
 
+/// What a key or a button of the mouse was to the menus.
+struct MenuAnswer {
+    bool consumed = false;  ///< nothing else may see the event
+    int item = 0;           ///< selected by it, 0 for none; the menu has closed then
+};
+
 struct MenuHooks {
     /// Height of the bar of a menu that is about to be built; 0 for none, or one that isn't in the
     /// resource.
@@ -36,16 +42,25 @@ struct MenuHooks {
     /// A menu is pulled down, and has all input; closes it.
     bool (*active)() = [] { return false; };
     void (*deactivate)() = [] {};
-    /// A mnemonic's item, and an accelerator's; 0 for a key that is none's.
-    int (*interpret_key)(KeySym key, int window, unsigned state) = [](KeySym, int, unsigned) {
-        return 0;
-    };
+    /// Lets the server send the next event of an active menu's grab. Called after each event while
+    /// a menu is active, whatever became of the event.
+    void (*next_event)() = [] {};
+    /// A key in a window: in an open menu, or a mnemonic that opens one. `window` is -1 when an
+    /// open menu gets a key of a window without a slot.
+    MenuAnswer (*interpret_key)(KeySym key, int window, unsigned state) =
+        [](KeySym, int, unsigned) { return MenuAnswer{}; };
+    /// An accelerator's item, 0 for a key that is none's.
     int (*interpret_accelerator)(KeySym key, int window,
                                  unsigned state) = [](KeySym, int, unsigned) { return 0; };
-    /// A press in or out of the menu; true when it was the menu's.
-    bool (*interpret_button)(const XButtonEvent& event, int window) = [](const XButtonEvent&, int) {
-        return false;
-    };
+    /// A press or release, in or out of the menu. `window` is the slot of the event's window, -1
+    /// for none.
+    MenuAnswer (*interpret_button)(const XButtonEvent& event, int window) =
+        [](const XButtonEvent&, int) { return MenuAnswer{}; };
+    /// The pointer enters or leaves a bar, a pop-up or an item.
+    void (*crossing)(const XCrossingEvent& event) = [](const XCrossingEvent&) {};
+
+    /// Takes away the tooltip that is shown, if any; called when something has happened.
+    void (*end_tooltip)() = [] {};
 
     /// Thickness of a toolbar that is about to be built on a side, in pixels; 0 when the resource
     /// has none of that identifier.
