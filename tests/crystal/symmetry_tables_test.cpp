@@ -144,6 +144,49 @@ TEST(WyckoffInfo, EachRowHoldsItsCountOfDistinctPositions) {
     EXPECT_EQ(total, 1760);
 }
 
+// As International Tables list them, a first.
+TEST(WyckoffInfo, PositionsStandInTheOrderOfTheirLetters) {
+    const std::map<std::string_view, std::string_view> published{
+        {"P -1", "0,0,0 0,0,1/2 0,1/2,0 1/2,0,0 1/2,1/2,0 1/2,0,1/2 0,1/2,1/2 1/2,1/2,1/2"},
+        {"P 2/M",
+         "0,0,0 0,1/2,0 0,0,1/2 1/2,0,0 1/2,1/2,0 0,1/2,1/2 1/2,0,1/2 1/2,1/2,1/2 "
+         "0,y,0 1/2,y,0 0,y,1/2 1/2,y,1/2 x,0,z x,1/2,z"},
+        {"C 2/M", "0,0,0 0,1/2,0 0,0,1/2 0,1/2,1/2 1/4,1/4,0 1/4,1/4,1/2 0,y,0 0,y,1/2 x,0,z"},
+        {"P 21/C", "0,0,0 1/2,0,0 0,0,1/2 1/2,0,1/2"},
+        {"P M M M",
+         "0,0,0 1/2,0,0 0,0,1/2 1/2,0,1/2 0,1/2,0 1/2,1/2,0 0,1/2,1/2 1/2,1/2,1/2 "
+         "x,0,0 x,0,1/2 x,1/2,0 x,1/2,1/2 0,y,0 0,y,1/2 1/2,y,0 1/2,y,1/2 "
+         "0,0,z 0,1/2,z 1/2,0,z 1/2,1/2,z 0,y,z 1/2,y,z x,0,z x,1/2,z x,y,0 x,y,1/2"},
+        {"P N M A", "0,0,0 0,0,1/2 x,1/4,z"},
+        {"C M C M", "0,0,0 0,1/2,0 0,y,1/4 1/4,1/4,0 x,0,0 0,y,z x,y,1/4"},
+        {"P 4/M M M",
+         "0,0,0 0,0,1/2 1/2,1/2,0 1/2,1/2,1/2 0,1/2,1/2 0,1/2,0 0,0,z 1/2,1/2,z "
+         "0,1/2,z x,x,0 x,x,1/2 x,0,0 x,0,1/2 x,1/2,0 x,1/2,1/2 x,y,0 x,y,1/2 "
+         "x,x,z x,0,z x,1/2,z"},
+        {"P 63/M M C",
+         "0,0,0 0,0,1/4 1/3,2/3,1/4 1/3,2/3,3/4 0,0,z 1/3,2/3,z 1/2,0,0 "
+         "x,2x,1/4 x,0,0 x,y,1/4 x,2x,z"},
+        {"R -3 M", "0,0,0 0,0,1/2 0,0,z 1/2,0,1/2 1/2,0,0 x,0,0 x,0,1/2 x,-x,z"},
+        {"P M -3 M",
+         "0,0,0 1/2,1/2,1/2 0,1/2,1/2 1/2,0,0 x,0,0 x,1/2,1/2 x,x,x x,1/2,0 "
+         "0,y,y 1/2,y,y 0,y,z 1/2,y,z x,x,z"},
+        {"F M -3 M",
+         "0,0,0 1/2,1/2,1/2 1/4,1/4,1/4 0,1/4,1/4 x,0,0 x,x,x x,1/4,1/4 0,y,y "
+         "1/2,y,y 0,y,z x,x,z"}};
+    int found = 0;
+    for (const WyckoffRow& row : wyckoff_rows()) {
+        const auto letters = published.find(row.hm.trimmed());
+        if (letters == published.end()) continue;
+        ++found;
+        std::string listed;
+        for (int i = 0; i < row.norbit; ++i)
+            listed +=
+                (i > 0 ? " " : "") + std::string(row.orbit[static_cast<std::size_t>(i)].trimmed());
+        EXPECT_EQ(listed, letters->second) << row.hm.trimmed();
+    }
+    EXPECT_EQ(found, static_cast<int>(published.size()));
+}
+
 TEST(WyckoffInfo, KeysNameASettingUpToAChoiceThatHasNoRow) {
     std::set<std::string_view> keys;
     for (const WyckoffRow& row : wyckoff_rows()) {
