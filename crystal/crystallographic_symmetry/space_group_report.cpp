@@ -1,5 +1,6 @@
 #include "common/number_field.hpp"
 #include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "crystal/crystallographic_symmetry/symmetry_element.hpp"
 #include "crystal/string_utilities.hpp"
 
 #include <algorithm>
@@ -72,8 +73,9 @@ void write_operators(const Space_Group_Type& group, std::ostream& out, bool full
     const int count =
         std::clamp(full ? group.multip : group.num_ops, 0, static_cast<int>(max_operators));
     for (int i = 1; i <= count; ++i) {
-        const FixedText<40>& text = group.sym_op_text[static_cast<std::size_t>(i - 1)];
-        line(out, " => SYMM(" + number(i, 3) + "): ", text.trimmed());
+        const auto place = static_cast<std::size_t>(i - 1);
+        out << " => SYMM(" << number(i, 3) << "): " << group.sym_op_text[place].field()
+            << "Symbol: " << symmetry_element(group.sym_op[place]) << '\n';
     }
 }
 

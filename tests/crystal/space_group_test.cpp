@@ -454,7 +454,8 @@ TEST(Report, NamesTheGroupItsOperatorsAndPositions) {
           " =>         Lattice Symbol: mC\n",
           " =>        Asymmetric unit: ", " <= x <= ", " => Centring vectors:\n => Latt(1): (+1/2",
           " => List of S.O. without inversion and lattice centring translations\n"
-          " => SYMM(  1): x,y,z\n => SYMM(  2): -x,y,-z\n\n",
+          " => SYMM(  1): x,y,z                                   Symbol: 1\n"
+          " => SYMM(  2): -x,y,-z                                 Symbol: 2 0,y,0\n\n",
           " => Special Wyckoff Positions for C 2/M"})
         EXPECT_NE(text.find(line), std::string::npos) << line << "\nin\n" << text;
     std::ostringstream full;
