@@ -2,6 +2,7 @@
 
 #include "toolkit/tesserakit.hpp"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace tesserakit;
@@ -30,6 +31,23 @@ TEST(WindowLayout, AWindowTooSmallForItsPartsKeepsOnePixelOfEach) {
 
 TEST(WindowLayout, BareWindowIsAllClientArea) {
     EXPECT_EQ(layout_window(300, 200, {}).client, (Box{0, 0, 300, 200}));
+}
+
+TEST(StatusParts, AStretchingPartLeavesTheOthersTheirWidths) {
+    const auto parts = [](std::vector<int> widths, int width) {
+        return status_part_boxes(widths, width, 26);
+    };
+    using testing::ElementsAre;
+    EXPECT_THAT(parts({-1, 60, 200}, 500),
+                ElementsAre(Box{0, 0, 240, 26}, Box{239, 0, 61, 26}, Box{299, 0, 201, 26}));
+    EXPECT_THAT(parts({60, -1}, 500), ElementsAre(Box{0, 0, 60, 26}, Box{59, 0, 441, 26}));
+    EXPECT_THAT(parts({-1}, 500), ElementsAre(Box{0, 0, 500, 26}));
+    EXPECT_THAT(parts({-1, 60, -1}, 500),
+                ElementsAre(Box{0, 0, 2, 26}, Box{1, 0, 61, 26}, Box{61, 0, 439, 26}))
+        << "the last of two stretches";
+    EXPECT_THAT(parts({-1, 60, 200}, 100),
+                ElementsAre(Box{0, 0, 2, 26}, Box{1, 0, 61, 26}, Box{61, 0, 201, 26}))
+        << "too narrow";
 }
 
 TEST(WindowUnits, LastPixelIsTheLastUnitAndFractionsAreCut) {

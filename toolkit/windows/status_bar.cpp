@@ -2,7 +2,6 @@
 
 #include "common/fixed_text.hpp"
 
-#include "toolkit/base/box.hpp"
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/fonts.hpp"
@@ -20,7 +19,6 @@ namespace {
 constexpr int beside_text = 12;  // of the bar's height
 constexpr int text_indent = 6;   // pixels before and behind a text
 constexpr int shadow_thickness = 1;
-constexpr int smallest_part = 2;
 
 struct State {
     GC gc = nullptr;
@@ -50,20 +48,13 @@ int bar_width(const StatusBar& bar) {
     return width;
 }
 
-/// Where part `index` stands in a bar of this width.
-Box part_box(const StatusBar& bar, std::size_t index, int width) {
-    int left = 0;
-    int right = 0;
-    for (std::size_t i = 0; i <= index; ++i) {
-        left = i == 0 ? 0 : right - 1;
-        right = bar.parts[i].right_edge == rest_of_width ? width : bar.parts[i].right_edge;
-    }
-    return {left, 0, std::max(right - left, smallest_part), isbarHeight()};
+std::vector<Box> part_boxes(const StatusBar& bar, int width) {
+    std::vector<int> widths;
+    for (const StatusPart& part : bar.parts) widths.push_back(part.width);
+    return status_part_boxes(widths, width, isbarHeight());
 }
 
-void make_part_window(StatusBar& bar, std::size_t index) {
-    const Box box = part_box(bar, index, bar_width(bar));
-    StatusPart& part = bar.parts[index];
+void make_part_window(const StatusBar& bar, StatusPart& part, const Box& box) {
     part.window = XCreateSimpleWindow(
         yydisplay.display, bar.window, box.x, box.y, static_cast<unsigned>(box.width),
         static_cast<unsigned>(box.height), 0, 0, wSchemeCol.background);
@@ -118,18 +109,19 @@ std::unique_ptr<StatusBar> yystatusbarcreate(Widget main_window, int width) {
     return bar;
 }
 
-void yysetstatusbar2(StatusBar& bar, const std::vector<int>& right_edges) {
+void yysetstatusbar2(StatusBar& bar, const std::vector<int>& widths) {
     for (const StatusPart& part : bar.parts) XDestroyWindow(yydisplay.display, part.window);
     const std::size_t count =
-        std::clamp<std::size_t>(right_edges.size(), 1, static_cast<std::size_t>(status_parts));
+        std::clamp<std::size_t>(widths.size(), 1, static_cast<std::size_t>(status_parts));
     std::vector<StatusPart> parts(count);
     for (std::size_t i = 0; i < count; ++i) {
-        if (i < right_edges.size()) parts[i].right_edge = right_edges[i];
+        if (i < widths.size()) parts[i].width = widths[i];
         if (i < bar.parts.size()) parts[i].text = bar.parts[i].text;
         if (i < bar.parts.size()) parts[i].alignment = bar.parts[i].alignment;
     }
     bar.parts = std::move(parts);
-    for (std::size_t i = 0; i < count; ++i) make_part_window(bar, i);
+    const std::vector<Box> boxes = part_boxes(bar, bar_width(bar));
+    for (std::size_t i = 0; i < count; ++i) make_part_window(bar, bar.parts[i], boxes[i]);
 }
 
 void yysetstatustext2(StatusBar& bar, int part, std::string_view text) {
@@ -145,13 +137,13 @@ void yysetstatustext2(StatusBar& bar, int part, std::string_view text) {
     }
     target.text = without_trailing_blanks(text);
     if (bar.help.empty())
-        draw_part(target, part_box(bar, static_cast<std::size_t>(part - 1), bar_width(bar)));
+        draw_part(target, part_boxes(bar, bar_width(bar))[static_cast<std::size_t>(part - 1)]);
 }
 
 void yystatusbardraw(const StatusBar& bar) {
-    const int width = bar_width(bar);
+    const std::vector<Box> boxes = part_boxes(bar, bar_width(bar));
     for (std::size_t i = 0; i < bar.parts.size(); ++i) {
-        const Box box = part_box(bar, i, width);
+        const Box& box = boxes[i];
         if (bar.help.empty()) {
             draw_part(bar.parts[i], box);
         } else {
@@ -167,8 +159,9 @@ void yyStatusBarHelp(StatusBar& bar, std::string_view prompt) {
 }
 
 void yystatusbarresize(const StatusBar& bar, int width) {
+    const std::vector<Box> boxes = part_boxes(bar, width);
     for (std::size_t i = 0; i < bar.parts.size(); ++i) {
-        const Box box = part_box(bar, i, width);
+        const Box& box = boxes[i];
         XMoveResizeWindow(yydisplay.display, bar.parts[i].window, box.x, box.y,
                           static_cast<unsigned>(box.width), static_cast<unsigned>(box.height));
     }

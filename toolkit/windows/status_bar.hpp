@@ -1,6 +1,8 @@
 /// The status bar of a window: sunken parts with one text each.
 #pragma once
 
+#include "toolkit/windows/window_layout.hpp"
+
 #include <X11/Intrinsic.h>
 
 #include <memory>
@@ -11,13 +13,12 @@
 namespace tesserakit {
 
 inline constexpr int status_parts = 255;
-inline constexpr int rest_of_width = -1;
 
 enum class StatusAlignment { Left, Centre, Right };
 
 struct StatusPart {
     Window window = 0;
-    int right_edge = rest_of_width;  ///< as asked, in pixels; rest_of_width takes what is left
+    int width = rest_of_width;  ///< as asked, in pixels
     StatusAlignment alignment = StatusAlignment::Left;
     std::string text;
 };
@@ -34,8 +35,9 @@ int isbarHeight();
 
 /// Builds a bar of one part in a window's MainWindow.
 std::unique_ptr<StatusBar> yystatusbarcreate(Widget main_window, int width);
-/// Divides the bar into parts that end at `right_edges`.
-void yysetstatusbar2(StatusBar& bar, const std::vector<int>& right_edges);
+/// Divides the bar into parts of these widths in pixels, rest_of_width for the one that stretches;
+/// parts that there were before keep their texts.
+void yysetstatusbar2(StatusBar& bar, const std::vector<int>& widths);
 /// Text of a part counted from 1; leading tabs align it. Nothing for a part that isn't there.
 void yysetstatustext2(StatusBar& bar, int part, std::string_view text);
 /// Draws all parts.

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <numeric>
 
 namespace tesserakit {
 
 namespace {
 
+constexpr int smallest_part = 2;
 constexpr int units_across = 9999;
 constexpr int default_units_inside_parent = 8000;
 
@@ -39,6 +41,25 @@ WindowLayout layout_window(int width, int height, const Surroundings& around) {
     layout.status = {0, status_top, extent(width), extent(around.status_height)};
     layout.client = {bar[LeftSide], top, extent(width - around.horizontal()), middle};
     return layout;
+}
+
+std::vector<Box> status_part_boxes(std::span<const int> widths, int width, int height) {
+    std::vector<int> own;
+    for (const int asked : widths) own.push_back(std::max(asked, smallest_part));
+    const auto last = std::ranges::find(widths.rbegin(), widths.rend(), rest_of_width);
+    if (last != widths.rend()) {
+        int& stretching = own[static_cast<std::size_t>(widths.rend() - last - 1)];
+        const int others = std::accumulate(own.begin(), own.end(), -stretching);
+        stretching = std::max(width - others, smallest_part);
+    }
+    std::vector<Box> boxes;
+    int edge = 0;
+    for (const int part : own) {
+        const int left = std::max(edge - 1, 0);
+        edge += part;
+        boxes.push_back({left, 0, edge - left, height});
+    }
+    return boxes;
 }
 
 int pixels_from_units(int units, int size) {

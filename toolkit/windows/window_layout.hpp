@@ -3,6 +3,9 @@
 
 #include "toolkit/base/box.hpp"
 
+#include <span>
+#include <vector>
+
 namespace tesserakit {
 
 /// Sides of toolbars, in the order of the toolbar arguments.
@@ -30,6 +33,14 @@ struct WindowLayout {
     Box client;
 };
 WindowLayout layout_window(int width, int height, const Surroundings& around);
+
+/// Stands for the width of the part of a status bar that takes what the others leave.
+inline constexpr int rest_of_width = -1;
+
+/// The parts of a status bar of `width` by `height` pixels, for widths as asked. Neighbours share
+/// the pixel of their edge. Each part has at least 2 pixels, so that the last ones may stand
+/// outside a narrow bar; of several stretching parts the last one stretches.
+std::vector<Box> status_part_boxes(std::span<const int> widths, int width, int height);
 
 /// pixel = unit (size - 1) / 9999 and back, rounded towards zero; a size of 1 answers 0.
 int pixels_from_units(int units, int size);
