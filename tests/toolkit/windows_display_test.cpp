@@ -1,8 +1,18 @@
 #include "tests/support/display_input.hpp"
-#include "toolkit/tesserakit.hpp"
-#include "toolkit/windows/gl_text.hpp"
 
 #include <gtest/gtest.h>
+
+#include "toolkit/base/display.hpp"
+#include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/gl_text.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
+#include "toolkit/windows/window_placing.hpp"
+#include "toolkit/windows/window_slots.hpp"
+#include "toolkit/windows/windows.hpp"
+
+#include <X11/Xutil.h>
+#include <Xm/DrawingA.h>
+#include <Xm/PushB.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -224,6 +234,124 @@ TEST(WindowsDisplay, AfterTheEndANewRootOpens) {
     EXPECT_EQ(wbitmapcreate(10, 10), 1);
     EXPECT_EQ(open_root({.width = 200, .height = 100}).width, 200);
     EXPECT_EQ(infoerror(1), 0);
+}
+
+TEST(WindowsDisplay, AToolbarWithButtonsKeepsItsPlace) {
+    open_root({.width = 600, .height = 400, .toolbars = {30102, 30101, 0, 0}});
+    WidgetList children = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(window_slot(0).window_widget, XmNchildren, &children, XmNnumChildren, &count,
+                  nullptr);
+    const auto box_of = [](Widget widget) {
+        Position x = 0, y = 0;
+        Dimension width = 0, height = 0;
+        XtVaGetValues(widget, XmNx, &x, XmNy, &y, XmNwidth, &width, XmNheight, &height, nullptr);
+        return Box{x, y, width, height};
+    };
+    int toolbars = 0;
+    for (const Widget strip : std::span(children, count)) {
+        if (std::string_view(XtName(strip)) != "Toolbar") continue;
+        ++toolbars;
+        const Box before = box_of(strip);
+        XtVaCreateManagedWidget("Button", xmPushButtonWidgetClass, strip, XmNx, 5, XmNy, 5,
+                                XmNwidth, 24, XmNheight, 22, nullptr);
+        drain();
+        EXPECT_EQ(box_of(strip), before);
+    }
+    EXPECT_EQ(toolbars, 2);
+}
+
+TEST(WindowsDisplay, ContentStandsInTheClientAreasPlace) {
+    open_root({.width = 300, .height = 200});
+    const int child = windowopenchild2(
+        {.flags = 39, .width = 300, .height = 200, .menu = 30001, .title = "Text"});
+    window_titled("Text");
+    const WindowSlot& slot = window_slot(child);
+    const Widget content =
+        XtVaCreateWidget("Content", xmDrawingAreaWidgetClass, slot.window_widget, nullptr);
+    yywindowcontent(child, content);
+    const auto size = [](Widget widget) {
+        Dimension width = 0, height = 0;
+        XtVaGetValues(widget, XmNwidth, &width, XmNheight, &height, nullptr);
+        return std::pair{int{width}, int{height}};
+    };
+    EXPECT_EQ(size(content), (std::pair{300, 200}));
+    EXPECT_FALSE(XtIsManaged(slot.client_widget));
+    const Rectangle area = window_titled("Text");
+    resize_window("Text", area.width + 50, area.height + 30);
+    poll_until([&] { return winfowindow(2) == 350; });
+    EXPECT_EQ(size(content), (std::pair{350, 230}));
+    XtDestroyWidget(content);
+    EXPECT_TRUE(XtIsManaged(slot.client_widget));
+    EXPECT_EQ(size(slot.client_widget), (std::pair{350, 230}));
+}
+
+TEST(WindowsDisplay, AWindowsRecordEndsWithIt) {
+    open_root({.width = 300, .height = 200});
+    const int child = windowopenchild2({.width = 100, .height = 100});
+    const auto record = std::make_shared<int>(7);
+    window_slot(child).extension = record;
+    windowclosechild(child);
+    EXPECT_EQ(record.use_count(), 1);
+}
+
+TEST(WindowsDisplay, DialogsHangOnTheWindowThatTheyBelongTo) {
+    open_root({.width = 300, .height = 200});
+    const int child = windowopenchild2({.width = 100, .height = 100});
+    const int hidden = windowopenchild2({.flags = 128, .width = 100, .height = 100});
+    EXPECT_EQ(yydialogparent(), window_slot(0).shell_widget);
+    EXPECT_EQ(yydialogparent(child), window_slot(child).shell_widget);
+    EXPECT_EQ(yydialogparent(hidden), window_slot(0).shell_widget);
+    windowclosechild(child);
+    EXPECT_EQ(yydialogparent(child), window_slot(0).shell_widget);
+}
+
+TEST(WindowsDisplay, AMinimisedWindowComesBackWhenItIsSelected) {
+    open_root({.width = 300, .height = 200});
+    const int child = windowopenchild2({.width = 200, .height = 100, .title = "Child"});
+    window_titled("Child");
+    windowselect(0);
+    XIconifyWindow(yydisplay.display, window_slot(child).shell, yydisplay.screen_number);
+    poll_until([] { return !is_shown("Child"); });
+    windowselect(0);
+    drain();
+    EXPECT_FALSE(is_shown("Child")) << "another one is selected";
+    windowselect(child);
+    poll_until([] { return is_shown("Child"); });
+}
+
+TEST(WindowsDisplay, ANewWindowHasRoomForAMenuOfSeveralRows) {
+    open_root({.width = 300, .height = 200});
+    // A bar of 20 pixels a row that wraps below 400.
+    static int height;
+    menu_hooks.height_of = [](int menu, int width) {
+        return menu == 0 ? 0 : width < 400 ? 40 : 20;
+    };
+    menu_hooks.create = [](int, int) {};
+    menu_hooks.resize = [](int, int width) { return height = width < 400 ? 40 : 20; };
+    menu_hooks.height = [](int) { return height; };
+    for (const int width : {300, 399, 400}) {
+        windowopenchild2({.width = width, .height = 100, .menu = 1, .title = "Child"});
+        EXPECT_EQ(winfowindow(2), width);
+        EXPECT_EQ(winfowindow(3), 100);
+    }
+}
+
+TEST(WindowsDisplay, AnOpenMenuEndsBeforeAWindowCloses) {
+    open_root({.width = 300, .height = 200});
+    const int child = windowopenchild2({.width = 200, .height = 100, .title = "Child"});
+    static bool active;
+    static Window closed_with;
+    active = true;
+    menu_hooks.active = [] { return active; };
+    menu_hooks.deactivate = [] {
+        active = false;
+        closed_with = window_slot(1).window;
+    };
+    const Window window = window_slot(child).window;
+    windowclosechild(child);
+    EXPECT_FALSE(active);
+    EXPECT_EQ(closed_with, window) << "while the window was still there";
 }
 
 TEST(GlDisplay, AWindowShowsWhatIsDrawn) {

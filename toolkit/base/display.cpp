@@ -110,6 +110,7 @@ void yygetdisplayinfo() {
     info.depth = DefaultDepthOfScreen(info.screen);
     info.visual = DefaultVisualOfScreen(info.screen);
     info.colormap = DefaultColormapOfScreen(info.screen);
+    info.wm_state = XInternAtom(info.display, "WM_STATE", False);
     info.wm_protocols = XInternAtom(info.display, "WM_PROTOCOLS", False);
     info.wm_delete_window = XInternAtom(info.display, "WM_DELETE_WINDOW", False);
     info.wm_colormap_windows = XInternAtom(info.display, "WM_COLORMAP_WINDOWS", False);

@@ -21,6 +21,7 @@ struct DisplayInfo {
     Visual* visual = nullptr;
     Colormap colormap = 0;
     Widget root_widget = nullptr;  ///< never shown shell, parent of dialogs without a window
+    Atom wm_state = 0;
     Atom wm_protocols = 0;
     Atom wm_delete_window = 0;
     Atom wm_colormap_windows = 0;

@@ -12,6 +12,7 @@
 #include "toolkit/widgets/placement.hpp"
 #include "toolkit/windows/window_layout.hpp"
 #include "toolkit/windows/window_slots.hpp"
+#include "toolkit/windows/windows.hpp"
 
 #include <Xm/Xm.h>
 
@@ -92,7 +93,7 @@ void run_modal(DialogRecord& dialog, int x, int y, int field) {
 void show_hosted(DialogRecord& dialog, int field) {
     const WindowSlot& slot = windows[static_cast<std::size_t>(dialog.window)];
     if (!slot.visible) return yyerror(ParentHidden, "WDialogShow");
-    XRaiseWindow(yydisplay.display, slot.shell);
+    yywindowtofront(dialog.window);
     if (field != 0) focus_at_start(dialog, field);
 }
 

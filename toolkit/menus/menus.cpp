@@ -49,7 +49,7 @@ bool in_resource(int menu) {
 
 int yymenuheight() { return wFonts.menu.height() + beside_text; }
 
-int yymnheightof(int menu) { return menu != 0 && in_resource(menu) ? yymenuheight() : 0; }
+int yymnheightof(int menu, int) { return menu != 0 && in_resource(menu) ? yymenuheight() : 0; }
 
 void yymncreate(int menu, int window) {
     if (menu == 0) return;

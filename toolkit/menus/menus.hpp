@@ -17,8 +17,9 @@ struct MenuBar {
 /// iMenuHeight: height of one row of a menu, ascent, descent and 7.
 int yymenuheight();
 
-/// Height of the bar of a menu that is about to be built; 0 for none, or one not in the resource.
-int yymnheightof(int menu);
+/// Height of the bar of a menu that is about to be built at this width; 0 for none, or one not in
+/// the resource.
+int yymnheightof(int menu, int width);
 /// Builds the bar of `menu` for a window, at the top of its MainWindow. Without such a menu in
 /// the resource: error 1002, and no bar.
 void yymncreate(int menu, int window);

@@ -49,10 +49,12 @@ void yymntbar(int side, int toolbar, int window) {
     bar = std::make_unique<Toolbar>();
     bar->identifier = toolbar;
     bar->thickness = thickness;
+    // With a resize policy the strip would shrink to its buttons, away from where it was put.
     bar->widget = XtVaCreateManagedWidget(
         "Toolbar", xmDrawingAreaWidgetClass, window_slot(window).window_widget, XmNmarginWidth, 0,
-        XmNmarginHeight, 0, XmNtraversalOn, False, XmNbackground, wSchemeCol.background, XmNwidth,
-        lies(side) ? 1 : thickness, XmNheight, lies(side) ? thickness : 1, nullptr);
+        XmNmarginHeight, 0, XmNresizePolicy, XmRESIZE_NONE, XmNtraversalOn, False, XmNbackground,
+        wSchemeCol.background, XmNwidth, lies(side) ? 1 : thickness, XmNheight,
+        lies(side) ? thickness : 1, nullptr);
 }
 
 int yymntbarthicknessnow(int side, int window) {

@@ -270,7 +270,7 @@ int prepare_window(Selection& selection) {
         create_gl_widget(selection, slot.window_widget, {0, 0, slot.width, slot.height});
     selection.widget_is_new = true;
     if (!XtIsRealized(selection.widget)) return NoWindow;
-    if (slot.dialog < 0) XtManageChild(selection.widget);
+    if (slot.dialog < 0 && !slot.content) XtManageChild(selection.widget);
     selection.drawable = XtWindow(selection.widget);
     return Good;
 }
@@ -355,10 +355,7 @@ void adopt_window(Selection& selection) {
         keep_widget(selection);
     }
     announce_colormap(selection, slot.window_widget);
-    Dimension width = 0;
-    Dimension height = 0;
-    XtVaGetValues(slot.shell_widget, XtNwidth, &width, XtNheight, &height, nullptr);
-    yywindowresize(selection.number, width, height);
+    yywindowreplace(selection.number);
 }
 
 void adopt_field(Selection& selection) {

@@ -23,9 +23,9 @@ struct MenuAnswer {
 };
 
 struct MenuHooks {
-    /// Height of the bar of a menu that is about to be built; 0 for none, or one that isn't in the
-    /// resource.
-    int (*height_of)(int menu) = [](int) { return 0; };
+    /// Height of the bar of a menu that is about to be built in a window of this width, whose items
+    /// may take several rows; 0 for none, or one that isn't in the resource.
+    int (*height_of)(int menu, int width) = [](int, int) { return 0; };
     /// Builds the bar of `menu` for a window, at the top of its MainWindow. Without such a menu in
     /// the resource: error 1002, and no bar.
     void (*create)(int menu, int window) = [](int, int) {};

@@ -38,13 +38,13 @@ Surroundings surroundings_of(int window) {
 }
 
 /// What a window will have around its client area, before it is built.
-Surroundings surroundings_of(const WindowRequest& request) {
+Surroundings surroundings_of(const WindowRequest& request, int client_width) {
     Surroundings around;
-    around.menu_height = menu_hooks.height_of(request.menu);
     around.status_height = (request.flags & WindowStatusBar) != 0 ? isbarHeight() : 0;
     for (int side = 0; side < 4; ++side)
         around.toolbar[side] =
             menu_hooks.toolbar_thickness_of(side, request.toolbars[static_cast<std::size_t>(side)]);
+    around.menu_height = menu_hooks.height_of(request.menu, client_width + around.horizontal());
     return around;
 }
 
@@ -64,12 +64,20 @@ bool yywindowresize(int window, int shell_width, int shell_height) {
     }
     const Box& client = layout.client;
     place(slot.client_widget, client);
+    if (slot.content) place(slot.content, client);
     if (slot.dialog >= 0)
         dialog_hooks.host_place(slot.dialog, client.x, client.y, client.width, client.height);
     const bool changed = slot.width != client.width || slot.height != client.height;
     slot.width = client.width;
     slot.height = client.height;
     return changed;
+}
+
+void yywindowreplace(int window) {
+    Dimension width = 0;
+    Dimension height = 0;
+    XtVaGetValues(window_slot(window).shell_widget, XmNwidth, &width, XmNheight, &height, nullptr);
+    yywindowresize(window, width, height);
 }
 
 void yywindowfit(int window, int client_width, int client_height) {

@@ -8,13 +8,17 @@
 
 namespace tesserakit {
 
-/// What a window has around its client area, and what one of this request will have.
+/// What a window has around its client area, and what one of this request and of this width of its
+/// client area will have.
 Surroundings surroundings_of(int window);
-Surroundings surroundings_of(const WindowRequest& request);
+Surroundings surroundings_of(const WindowRequest& request, int client_width);
 
 /// Places everything inside the MainWindow for a shell of this size in pixels; answers true when
 /// the size of the client area changed.
 bool yywindowresize(int window, int shell_width, int shell_height);
+
+/// The same for the size that the shell has.
+void yywindowreplace(int window);
 
 /// Sets the shell to the size that its client area asks for, and its size hints.
 void yywindowfit(int window, int client_width, int client_height);

@@ -29,14 +29,18 @@ struct WindowSlot {
     Widget shell_widget = nullptr;
     Widget window_widget = nullptr;
     Widget client_widget = nullptr;
+    Widget content =
+        nullptr;  ///< covers the client area in the ClientWindow's place, null for none
 
     bool visible = false;
     WindowType type = WindowType::Plain;
     SemiModalLink previous;  ///< semi-modal chain
     int flags = 0;
     std::string title;
-    void* extension = nullptr;  ///< record of the window's type, owned by that type's unit
-    int x = 0;                  ///< of the shell's content on the screen, pixels
+    /// The record of the window's type (an editor's, say), made by that type's unit and ended with
+    /// the window; widgets that are destroyed with the window may call back after that.
+    std::shared_ptr<void> extension;
+    int x = 0;  ///< of the shell's content on the screen, pixels
     int y = 0;
     int width = 0;  ///< of the client area, pixels
     int height = 0;

@@ -37,8 +37,24 @@ namespace {
 
 bool is_owned(int flags) { return (flags & (WindowOwned | WindowInsideParent)) != 0; }
 
+XtPointer window_closure(int window) {
+    return reinterpret_cast<XtPointer>(static_cast<std::intptr_t>(window));
+}
+
+int window_of_closure(XtPointer closure) {
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(closure));
+}
+
+void forget_content(Widget content, XtPointer closure, XtPointer) {
+    WindowSlot& slot = window_slot(window_of_closure(closure));
+    // A window that closes has left the slot already, maybe to another one.
+    if (!slot.open() || slot.content != content) return;
+    slot.content = nullptr;
+    XtManageChild(slot.client_widget);
+}
+
 void yyWindowWMCloseCB(Widget, XtPointer closure, XtPointer) {
-    const int window = static_cast<int>(reinterpret_cast<std::intptr_t>(closure));
+    const int window = window_of_closure(closure);
     yyDGSendTesserakitMessage(nullptr, {.type = CloseRequest, .win = window});
 }
 
@@ -116,7 +132,7 @@ void show(WindowSlot& slot) {
 
 void listen_to_window_manager(const WindowSlot& slot, int window) {
     XmAddWMProtocolCallback(slot.shell_widget, yydisplay.wm_delete_window, yyWindowWMCloseCB,
-                            reinterpret_cast<XtPointer>(static_cast<std::intptr_t>(window)));
+                            window_closure(window));
 }
 
 /// Frame size and client size that a request comes to, and the flags with them.
@@ -142,7 +158,7 @@ Plan plan_on_screen(const WindowRequest& request) {
     plan.client.width = default_extent(request.width, yydisplay.width);
     plan.client.height = default_extent(request.height, yydisplay.height);
     if (request.dialog != 0) plan_dialog(plan, request.dialog);
-    const Surroundings around = surroundings_of(request);
+    const Surroundings around = surroundings_of(request, plan.client.width);
     plan.client.x =
         default_position(request.x, plan.client.width + around.horizontal(), yydisplay.width);
     plan.client.y =
@@ -179,7 +195,7 @@ int yycreatewindow(int window, const WindowRequest& request, const Plan& plan, i
     slot.y = plan.client.y;
     slot.width = plan.client.width;
     slot.height = plan.client.height;
-    const Surroundings around = surroundings_of(request);
+    const Surroundings around = surroundings_of(request, plan.client.width);
     const int width = slot.width + around.horizontal();
     const int height = slot.height + around.vertical();
     create_widgets(slot, width, height);
@@ -245,6 +261,25 @@ void first_window() {
     error_display = show_error;
 }
 
+bool minimised(const WindowSlot& slot) {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(yydisplay.display, slot.shell, yydisplay.wm_state, 0, 1, False,
+                       yydisplay.wm_state, &type, &format, &count, &rest, &data);
+    const bool iconic =
+        data && format == 32 && count > 0 && *reinterpret_cast<long*>(data) == IconicState;
+    if (data) XFree(data);
+    return iconic;
+}
+
+/// What is done in a minimised window would go unseen.
+void bring_back(int window) {
+    if (minimised(window_slot(window))) yywindowtofront(window);
+}
+
 void close_children(int window) {
     for (int i = 1; i < window_slots; ++i)
         if (window_slot(i).open() && window_slot(i).parent == window &&
@@ -254,6 +289,8 @@ void close_children(int window) {
 
 void destroy_widgets(int window) {
     WindowSlot& slot = window_slot(window);
+    // An open menu holds the pointer, and its pop-ups stand on this window perhaps.
+    if (menu_hooks.active()) menu_hooks.deactivate();
     gl_forget_window(window);
     if (slot.dialog >= 0) {
         gl_forget_dialog(slot.dialog);
@@ -292,9 +329,35 @@ void yywindowtitle(int window, std::string_view title) {
     show_title(slot.shell_widget, slot.title);
 }
 
-Widget yydialogparent() {
-    const WindowSlot& root = window_slot(0);
-    return root.open() && root.visible ? root.shell_widget : yydisplay.root_widget;
+void yywindowtofront(int window) {
+    const WindowSlot& slot = window_slot(window);
+    if (!slot.open() || !slot.visible) return;
+    // Mapping is how a program asks for a minimised window back.
+    XMapRaised(yydisplay.display, slot.shell);
+}
+
+Widget yydialogparent(int window) {
+    for (const int candidate : {window, 0}) {
+        const WindowSlot& slot = window_slot(candidate);
+        if (slot.open() && slot.visible) return slot.shell_widget;
+    }
+    return yydisplay.root_widget;
+}
+
+void yywindowcontent(int window, Widget content) {
+    WindowSlot& slot = window_slot(window);
+    if (!slot.open() || slot.dialog >= 0 || slot.content == content) return;
+    if (slot.content)
+        XtRemoveCallback(slot.content, XmNdestroyCallback, forget_content, window_closure(window));
+    slot.content = content;
+    if (content) {
+        XtUnmanageChild(slot.client_widget);
+        XtManageChild(content);
+        XtAddCallback(content, XmNdestroyCallback, forget_content, window_closure(window));
+    } else {
+        XtManageChild(slot.client_widget);
+    }
+    yywindowreplace(window);
 }
 
 void windowopen2(const WindowRequest& request) {
@@ -361,6 +424,7 @@ void windowselect(int window) {
     if (!open_window(window, "WindowSelect")) return;
     wCurrentWindow = window;
     yygrselectwindow(window);
+    bring_back(window);
 }
 
 void windowunitstopixels(int x_units, int y_units, int& x_pixels, int& y_pixels) {
