@@ -67,9 +67,11 @@ TEST_F(Drag, TranslatesInAnyOtherModeAndAChangeInMidDragActs) {
     begin_drag(10, 10);
     continue_drag(25, 13);
     EXPECT_EQ(wcfgl_display::current_centroffset, (std::array{15, -3}));
+    continue_drag(20, 23);  // by the way from the last move, in both directions
+    EXPECT_EQ(wcfgl_display::current_centroffset, (std::array{10, -13}));
     mouse_mode = 2;
     continue_drag(25, 30);
-    EXPECT_EQ(wcfgl_display::current_centroffset, (std::array{15, -3}));
+    EXPECT_EQ(wcfgl_display::current_centroffset, (std::array{10, -13}));
     EXPECT_EQ(wcfgl_display::current_zoomfactor, 1.05f);
 }
 

@@ -135,18 +135,6 @@ bool comes_to_show(const Rectangle& area, Predicate good) {
     return false;
 }
 
-/// Waits until two looks at the area a frame apart see the same.
-std::vector<unsigned> at_rest(const Rectangle& area) {
-    std::vector<unsigned> last;
-    comes_to_show(area, [&](const std::vector<unsigned>& now) {
-        const bool same = now == last;
-        last = now;
-        if (!same) std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        return same;
-    });
-    return last;
-}
-
 Point in(const Rectangle& area, double x, double y) {
     return {area.x + static_cast<int>(area.width * x), area.y + static_cast<int>(area.height * y)};
 }
@@ -163,6 +151,20 @@ constexpr std::array<double, 2> zoom_radio{28, 12}, translate_radio{44, 12}, rec
 
 void click_field(const Rectangle& shown, const std::array<double, 2>& place) {
     click(field_at(shown, place[0], place[1]));
+}
+
+/// What the picture shows once the program has acted on all that came before. A press on the button
+/// that recentres is the mark behind it: the button shows it, and let go elsewhere it does nothing.
+std::vector<unsigned> at_rest(const Rectangle& shown) {
+    const Point at = field_at(shown, recentre[0], recentre[1]);
+    const Rectangle button{at.x - 20, at.y - 12, 40, 24};  // with its edges, which sink in
+    const std::vector<unsigned> before = pixels(button);
+    move_to(at);
+    press();
+    EXPECT_TRUE(comes_to_show(button, [&](const auto& now) { return now != before; }));
+    move_to(field_at(shown, 200, 12));
+    release();
+    return pixels(shown);
 }
 
 bool has_colour(const std::vector<unsigned>& seen, bool (*is)(int r, int g, int b)) {
