@@ -146,3 +146,13 @@ TEST(Hall, AnyBytesEndInAListOrAnError) {
         ASSERT_TRUE(err_symm || list.count > 0) << text;
     }
 }
+
+TEST(FromHall, APowerThatIsACentringVectorAwayIsLeftToTheProducts) {
+    // The square of the 41 axis is the two-fold at the origin moved by the centring; the cube,
+    // found as a power, stands before it.
+    const ReducedList list = get_so_from_hall("I 4bw");
+    ASSERT_EQ(list.count, 4);
+    EXPECT_EQ(list.ops[1].rot, (Matrix3i{{{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}}}));
+    EXPECT_EQ(list.ops[2].rot, (Matrix3i{{{{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}}}));
+    EXPECT_EQ(list.ops[3].rot, (Matrix3i{{{{-1, 0, 0}, {0, -1, 0}, {0, 0, 1}}}}));
+}
