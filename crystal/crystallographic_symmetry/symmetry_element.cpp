@@ -169,15 +169,17 @@ char sense_of(const Matrix3d& rot, const Vector3d& u) {
     return '+';
 }
 
-/// How many components there are, and the one size that they have; 0 when sizes differ.
+/// How many components there are, and the one size that they have, 3/4 being -1/4 a cell on; 0 when
+/// sizes differ.
 std::pair<int, double> components(const Vector3d& v) {
     int count = 0;
     double size = 0.0;
     bool alike = true;
     for (const double c : v) {
         if (std::abs(c) <= static_cast<double>(eps_symm)) continue;
-        alike = alike && (count == 0 || std::abs(std::abs(c) - size) <= 1e-3);
-        size = std::abs(c);
+        const double quarter = std::abs(std::abs(c) - 0.75) <= 1e-3 ? 0.25 : std::abs(c);
+        alike = alike && (count == 0 || std::abs(quarter - size) <= 1e-3);
+        size = quarter;
         ++count;
     }
     return {count, alike ? size : 0.0};
@@ -193,9 +195,7 @@ std::string plane_text(const Vector3d& glide, const Vector3d& normal, const Solu
     }
     // A diagonal of the plane has a component along each axis but the one that is normal to it.
     const bool diagonal = count == components(normal).first + 1;
-    const char letter = diagonal && is(size, 0.5)                        ? 'n'
-                        : diagonal && (is(size, 0.25) || is(size, 0.75)) ? 'd'
-                                                                         : 'g';
+    const char letter = diagonal && is(size, 0.5) ? 'n' : diagonal && is(size, 0.25) ? 'd' : 'g';
     return std::string{letter} + " (" + vector_text(glide) + ") " + place_text(place);
 }
 
