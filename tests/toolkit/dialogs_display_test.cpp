@@ -6,11 +6,13 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
+#include "toolkit/dialogs/fields/buttons.hpp"
 #include "toolkit/dialogs/fields/combo.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/records.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/widgets/combo.hpp"
+#include "toolkit/widgets/spin.hpp"
 
 #include <Xm/List.h>
 
@@ -435,6 +437,90 @@ TEST_F(DialogsDisplay, ABadNumberHoldsTheFocusUntilItIsGood) {
     key("Escape");
     expect_button(103, 2);
     EXPECT_EQ(text_of(103, 1015), "0.25");
+    EXPECT_FALSE(bInvalidField);
+}
+
+TEST_F(DialogsDisplay, WhatABadNumberLocksOutDoesNotMove) {
+    wdialogload(110);
+    wdialogputoption1(1110, 1);
+    wdialogshow(0, 0);
+    wdialogload(107);
+    wdialogputmenu1(1069, std::vector<std::string>{"Fe1", "O1", "O2"}, 1);
+    wdialogputtab(1072, 114);
+    show(107);
+    const auto picture = [](int dialog, int identifier) {
+        const Box& box = field(dialog, identifier).box;
+        const Point corner = spot(dialog, identifier, -box.width / 2, -box.height / 2);
+        return pixels({corner.x, corner.y, box.width, box.height});
+    };
+    click(spot(114, 1103, -10));
+    wait_for(FieldChanged);
+    key("ctrl+a");
+    type("-1");
+    poll_until([] { return text_of(114, 1103) == "-1"; });
+    struct Press {
+        int dialog, identifier, dx, dy;
+    };
+    const Box& list = field(107, 1069).box;
+    const Box& combo = field(110, 1110).box;
+    for (const auto& [dialog, identifier, dx, dy] :
+         {Press{107, 1069, 0, -list.height / 2 + 26}, Press{114, 1101, -20, 0},
+          Press{114, 1108, -20, 0}, Press{114, 1105, 15, 0},
+          Press{110, 1110, combo.width / 2 - 8, -combo.height / 2 + 8}}) {
+        SCOPED_TRACE(identifier);
+        const auto before = picture(dialog, identifier);
+        click(spot(dialog, identifier, dx, dy));
+        EXPECT_TRUE(drain().empty());
+        EXPECT_TRUE(bInvalidField);
+        EXPECT_EQ(picture(dialog, identifier), before);
+    }
+    // Once it is good they move again.
+    key("ctrl+a");
+    type("1");
+    click(spot(114, 1101, -20));
+    poll_until([] { return toggle_is_set(field(114, 1101)); });
+    EXPECT_FALSE(bInvalidField);
+    EXPECT_EQ(real_of(114, 1103), 1.0f);
+}
+
+TEST_F(DialogsDisplay, ANumberIsTakenWhereverTheFocusGoes) {
+    show(103);
+    key("ctrl+a");
+    type("-2.5");
+    const Rectangle main_window = window_titled("Root");
+    click({main_window.x + main_window.width / 2, main_window.y - 5});  // its title
+    expect_move(103, 1015, 1015);
+    EXPECT_EQ(real_of(103, 1015), -2.5f);
+    click(spot(103, 1015));
+    // Its caret shows once it has the focus again.
+    poll_until([] {
+        Boolean caret = False;
+        XtVaGetValues(field(103, 1015).widget, XmNcursorPositionVisible, &caret, nullptr);
+        return caret == True;
+    });
+    key("ctrl+a");
+    type("99");
+    poll_until([] { return text_of(103, 1015) == "99"; });
+    click({main_window.x + main_window.width / 2, main_window.y - 5});
+    poll_until([] { return bInvalidField; });
+}
+
+TEST_F(DialogsDisplay, ASpinnerLeavesTheBadNumberOfAnotherField) {
+    show(103);
+    wdialogputreal(1017, 1.0f, "(f7.2)");
+    key("ctrl+a");
+    type("99");
+    poll_until([] { return text_of(103, 1015) == "99"; });
+    const Box& box = field(103, 1017).box;
+    click(spot(103, 1017, box.width / 2 - 6, -box.height / 4));
+    poll_until([] { return bInvalidField; });
+    EXPECT_TRUE(drain().empty());
+    spin_step(field(103, 1017).position_widget, 1, false);  // as by a key on its way
+    EXPECT_TRUE(bInvalidField);
+    wdialogselect(103);
+    wdialogputreal(1017, 2.0f);
+    EXPECT_TRUE(bInvalidField) << "a put into another field";
+    wdialogputreal(1015, 2.0f);
     EXPECT_FALSE(bInvalidField);
 }
 

@@ -1,6 +1,7 @@
-// Motif tells of the focus by FocusIn on the widget that gets it. Only then is the field that has
-// lost it looked at: a bad number marks that field, and the focus goes back to it as soon as the
-// event is done with.
+// A number is looked at when its field loses the focus, to whatever window: a bad one marks the
+// field, and the focus goes back to it as soon as the event is done with. Meanwhile, and when the
+// next field is pressed before the focus has moved, what that field is sent is kept from its
+// widget: what is locked out doesn't move on the screen either.
 
 #include "toolkit/dialogs/focus.hpp"
 
@@ -9,10 +10,13 @@
 #include "toolkit/dialogs/validity.hpp"
 #include "toolkit/dialogs/values.hpp"
 
+#include <X11/Xutil.h>
+#include <X11/keysym.h>
 #include <Xm/PushB.h>
 #include <Xm/Text.h>
 
 #include <algorithm>
+#include <set>
 
 #include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
@@ -68,6 +72,16 @@ void show_caret(const FieldRecord& field, bool show) {
         XtVaSetValues(field.widget, XmNcursorPositionVisible, show ? True : False, nullptr);
 }
 
+/// The keyboard is with a list that the field's own dialog has opened, or with the window manager
+/// for a moment: the focus comes back.
+bool by_grab(const XFocusChangeEvent& event) {
+    return event.mode == NotifyGrab || event.mode == NotifyUngrab;
+}
+
+void focus_left(FieldRecord& field) {
+    if (state.active == &field && outermost(*field.dialog).shown()) validate(field);
+}
+
 void yyDGFieldChangeFocusEH(Widget, XtPointer client, XEvent* event, Boolean*) {
     FieldRecord& field = *static_cast<FieldRecord*>(client);
     // Also the window under the pointer hears when the focus comes to the window around it.
@@ -75,7 +89,24 @@ void yyDGFieldChangeFocusEH(Widget, XtPointer client, XEvent* event, Boolean*) {
     if (detail == NotifyPointer || detail == NotifyPointerRoot) return;
     const bool in = event->type == FocusIn;
     show_caret(field, in && field.state == FieldEnabled);
-    if (in) focus_entered(field);
+    if (in)
+        focus_entered(field);
+    else if (!by_grab(event->xfocus))
+        focus_left(field);
+}
+
+/// Help is answered, and Escape ends the invalid state, whatever field they are sent to.
+bool passes_lock(const FieldRecord& field, XEvent& event) {
+    if (event.type == KeyPress) return XLookupKeysym(&event.xkey, 0) == XK_Escape;
+    return kind_of(field).pressed_by_keys && field.identifier == invalid_field_help_button;
+}
+
+/// Comes before the widget's own handlers.
+void keep_locked(Widget, XtPointer client, XEvent* event, Boolean* go_on) {
+    FieldRecord& field = *static_cast<FieldRecord*>(client);
+    if (passes_lock(field, *event)) return;
+    if (event->type == ButtonPress && state.active != &field) commit_typing();
+    if (locked_out(field)) *go_on = False;
 }
 
 /// The fields that the Tab key stops at, and among them `from`, which needs no tab stop: a click
@@ -95,9 +126,11 @@ void append_stops(DialogRecord& dialog, const FieldRecord* from, std::vector<Fie
 
 void watch_field(FieldRecord& field) {
     install_keys(field);
-    if (field.focus_widget)
-        XtAddEventHandler(field.focus_widget, FocusChangeMask, False, yyDGFieldChangeFocusEH,
-                          &field);
+    if (!field.focus_widget) return;
+    XtAddEventHandler(field.focus_widget, FocusChangeMask, False, yyDGFieldChangeFocusEH, &field);
+    constexpr EventMask input = ButtonPressMask | ButtonReleaseMask | KeyPressMask;
+    for (const Widget widget : std::set{field.position_widget, field.widget, field.focus_widget})
+        XtInsertEventHandler(widget, input, False, keep_locked, &field, XtListHead);
 }
 
 void watch_dialog(DialogRecord& dialog) { install_keys(dialog); }
@@ -105,6 +138,7 @@ void watch_dialog(DialogRecord& dialog) { install_keys(dialog); }
 /// In the order of the resource, the page in front behind its tab, around from the last to the
 /// first.
 void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward) {
+    if (!commit_typing()) return;
     std::vector<FieldRecord*> stops;
     append_stops(outermost(dialog), from, stops);
     if (stops.empty()) return;

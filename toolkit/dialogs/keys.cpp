@@ -50,9 +50,9 @@ void use_mnemonic(FieldRecord& field, XEvent* event) {
         if (fields[i].focus_widget) return;  // greyed
         ++i;
     }
-    if (i == fields.size()) return;
+    if (i == fields.size() || !commit_typing()) return;
     XmProcessTraversal(tab_target(fields[i]).focus_widget, XmTRAVERSE_CURRENT);
-    if (kind_of(fields[i]).pressed_by_keys && !bInvalidField) activate(fields[i], event);
+    if (kind_of(fields[i]).pressed_by_keys) activate(fields[i], event);
 }
 
 void shortcut(DialogRecord& dialog, XEvent* event) {

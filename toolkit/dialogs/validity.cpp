@@ -30,9 +30,14 @@ void give_focus_back(XtPointer, XtIntervalId*) {
     XmProcessTraversal(field.focus_widget, XmTRAVERSE_CURRENT);
 }
 
+/// bInvalidField tells the mailbox; nothing else sets it.
+void set_invalid(FieldRecord* field) {
+    state.invalid = field;
+    bInvalidField = field != nullptr;
+}
+
 void hold_invalid(FieldRecord& field) {
-    bInvalidField = true;
-    state.invalid = &field;
+    set_invalid(&field);
     if (!state.give_back)
         state.give_back = XtAppAddTimeOut(yydisplay.app, 0, give_focus_back, nullptr);
 }
@@ -44,9 +49,7 @@ bool same_window(const FieldRecord& a, const FieldRecord& b) {
 }
 
 void release_invalid(const FieldRecord& field) {
-    if (state.invalid && state.invalid != &field) return;
-    state.invalid = nullptr;
-    bInvalidField = false;
+    if (state.invalid == &field) set_invalid(nullptr);
 }
 
 /// yyDGFieldWidgetValidate
@@ -71,6 +74,8 @@ void revert(FieldRecord& field) {
     set_widget_text(field, yyDGFieldRevertToValid(*field.numeric));
     release_invalid(field);
 }
+
+bool locked_out(const FieldRecord& field) { return state.invalid && state.invalid != &field; }
 
 FieldRecord* invalid_field() { return state.invalid; }
 

@@ -13,8 +13,10 @@ namespace tesserakit {
 bool validate(FieldRecord& field);
 /// Brings the last valid value back.
 void revert(FieldRecord& field);
-/// Ends the invalid state if it is this field's.
+/// Ends the invalid state if it is this field's, and no other's.
 void release_invalid(const FieldRecord& field);
+/// Whether another field holds a bad number, so that this one has to stay as it is.
+bool locked_out(const FieldRecord& field);
 /// The field that holds a bad number, or null.
 FieldRecord* invalid_field();
 /// `field` has the focus while another one holds a bad number.

@@ -2,7 +2,7 @@
 
 #include "common/fixed_text.hpp"
 #include "toolkit/dialogs/build.hpp"
-#include "toolkit/dialogs/fields/text.hpp"
+#include "toolkit/dialogs/validity.hpp"
 
 #include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
@@ -53,7 +53,7 @@ void wdialogputstring(int identifier, std::string_view text) {
     const Suppression quiet(*field->dialog);
     set_widget_text(*field, std::string(without_trailing_blanks(text)));
     if (field->numeric) field->numeric->text_changed = true;
-    forget_typing(*field);
+    release_invalid(*field);
 }
 
 void wdialogfieldstate(int identifier, int state) {

@@ -4,6 +4,7 @@
 #include "toolkit/dialogs/fields/text.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/post.hpp"
+#include "toolkit/dialogs/validity.hpp"
 #include "toolkit/dialogs/values.hpp"
 #include "toolkit/widgets/spin.hpp"
 
@@ -41,7 +42,7 @@ void spun(Widget, XtPointer client, XtPointer call) {
         if (!text) return;
         set_widget_text(field, *text);
     }
-    bInvalidField = false;
+    release_invalid(field);
     post_changed(field);  // yyReportSpinner
 }
 
@@ -83,7 +84,7 @@ void put_value(int identifier, FieldType type, double value, std::string_view fo
     if (!text) return yyerror(ValueOutOfRange, routine, identifier);
     const Suppression quiet(*field->dialog);
     set_widget_text(*field, *text);
-    forget_typing(*field);
+    release_invalid(*field);
 }
 
 void create_number(FieldRecord& field) {

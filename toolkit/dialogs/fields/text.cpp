@@ -4,7 +4,6 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
-#include "toolkit/dialogs/validity.hpp"
 #include "toolkit/dialogs/values.hpp"
 
 #include <Xm/ScrolledW.h>
@@ -102,10 +101,6 @@ void create_text(FieldRecord& field) {
     XtAddCallback(field.widget, XmNvalueChangedCallback, typed, &field);
     const Suppression quiet(*field.dialog);
     set_widget_text(field, field.text);
-}
-
-void forget_typing(const FieldRecord& field) {
-    if (bInvalidField && field.dialog->current_field == &field) bInvalidField = false;
 }
 
 std::string typed_text(const FieldRecord& field) {

@@ -18,7 +18,5 @@ void create_text(FieldRecord& field);
 /// The editing keys, and what they do.
 std::string text_keys(const FieldRecord& field);
 void edit_by_key(FieldRecord& field, char key, bool forward, const XEvent& event);
-/// A put into the field that is being typed in takes the place of what was typed.
-void forget_typing(const FieldRecord& field);
 
 }  // namespace tesserakit
