@@ -6,16 +6,22 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
+#include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/fields/buttons.hpp"
 #include "toolkit/dialogs/fields/combo.hpp"
 #include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/load.hpp"
+#include "toolkit/dialogs/post.hpp"
 #include "toolkit/dialogs/records.hpp"
+#include "toolkit/dialogs/show.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/widgets/combo.hpp"
 #include "toolkit/widgets/spin.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <Xm/List.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 
@@ -156,7 +162,7 @@ TEST_F(DialogsDisplay, FieldsOfOneDialogDoNotCoverEachOther) {
                 inner.y += 2;
                 inner.width -= 4;
                 inner.height -= 4;
-                EXPECT_FALSE(overlap(inner, b.box) && !a.text.empty() && !b.text.empty())
+                EXPECT_FALSE(overlap(inner, b.box))
                     << dialog.identifier << ": " << a.identifier << ", " << b.identifier;
             }
 }
@@ -355,8 +361,10 @@ TEST_F(DialogsDisplay, TabReachesThePageInFrontAndStopsAtTheSetRadio) {
 
 TEST_F(DialogsDisplay, ReturnIsOkEscapeAndCloseAreCancel) {
     show(103);
-    key("Return");
-    expect_button(103, 1);
+    for (const char* name : {"Return"}) {
+        key(name);
+        expect_button(103, 1);
+    }
     key("Escape");
     expect_button(103, 2);
     close_window("Box limits...");
@@ -455,6 +463,7 @@ TEST_F(DialogsDisplay, WhatABadNumberLocksOutDoesNotMove) {
     };
     click(spot(114, 1103, -10));
     wait_for(FieldChanged);
+    drain();
     key("ctrl+a");
     type("-1");
     poll_until([] { return text_of(114, 1103) == "-1"; });
@@ -472,7 +481,8 @@ TEST_F(DialogsDisplay, WhatABadNumberLocksOutDoesNotMove) {
         click(spot(dialog, identifier, dx, dy));
         EXPECT_TRUE(drain().empty());
         EXPECT_TRUE(bInvalidField);
-        EXPECT_EQ(picture(dialog, identifier), before);
+        // The window manager may lend the dialog the focus, whose frame then goes again.
+        poll_until([&] { return picture(dialog, identifier) == before; });
     }
     // Once it is good they move again.
     key("ctrl+a");
@@ -549,6 +559,16 @@ TEST_F(DialogsDisplay, SpinnerArrowsStepAndStayInTheRange) {
     EXPECT_EQ(real_of(114, 1103), 1.0f);
 }
 
+TEST_F(DialogsDisplay, AClickOnAnArrowIsOneStepHoweverBusyTheProgram) {
+    show(103);
+    const Box& box = field(103, 1015).box;
+    click(spot(103, 1015, box.width / 2 - 6, -box.height / 4));
+    expect_move(103, 1015, 1015);
+    ioswait(600);  // the repeat falls due while the release still waits
+    drain();
+    EXPECT_EQ(text_of(103, 1015), "0.10");
+}
+
 TEST_F(DialogsDisplay, AHeldArrowRepeats) {
     show(103);
     const Box& box = field(103, 1015).box;
@@ -589,6 +609,66 @@ TEST_F(DialogsDisplay, TrackbarsRadiosAndChecksTellOfTheirValue) {
     int state = 0;
     wdialoggetcheckbox(1064, state);
     EXPECT_EQ(state, 1);
+}
+
+TEST_F(DialogsDisplay, ATrackbarMovesByItsLineAndItsPage) {
+    wdialogload(117);
+    wdialogputtrackbar(1171, 10, 0, 30);
+    field(117, 1171).line_step = 2;
+    field(117, 1171).page_step = 50;
+    wdialogputtrackbar(1171, 10, 0, 40);
+    int page = 0;
+    XtVaGetValues(field(117, 1171).widget, XmNscaleMultiple, &page, nullptr);
+    EXPECT_EQ(page, 40) << "no page beyond the range";
+    show(117);
+    int value = 0;
+    for (const auto& [name, wanted] : {std::pair{"Right", 12}, std::pair{"Left", 10},
+                                       std::pair{"Page_Up", 40}, std::pair{"Page_Down", 0}}) {
+        key(name);
+        expect_move(117, 1171, 1171);
+        wdialoggettrackbar(1171, value);
+        EXPECT_EQ(value, wanted) << name;
+    }
+}
+
+TEST_F(DialogsDisplay, AListIsFullAndShowsItsSelection) {
+    std::vector<std::string> atoms;
+    for (int i = 1; i <= 60; ++i) atoms.push_back("Fe" + std::to_string(i));
+    const auto expect_full = [](int selected) {
+        const Widget list = field(107, 1069).widget;
+        int top = 0, visible = 0;
+        XtVaGetValues(list, XmNtopItemPosition, &top, XmNvisibleItemCount, &visible, nullptr);
+        ASSERT_GT(visible, 3);
+        EXPECT_LE(top + visible - 1, 60);
+        EXPECT_LE(top, selected);
+        EXPECT_GE(top + visible - 1, selected);
+    };
+    wdialogload(107);
+    wdialogputmenu1(1069, atoms, 60);  // before it has its size
+    show(107);
+    expect_full(60);
+    wdialogputmenu2(1069, 1);
+    expect_full(1);
+    wdialoghide();
+    wdialogputmenu1(1069, atoms, 30);
+    show(107);
+    expect_full(30);
+}
+
+TEST_F(DialogsDisplay, TheWheelScrollsAGrid) {
+    show(102);
+    wgridrows(1012, 192);
+    const Widget grid = field(102, 1012).widget;
+    const auto top = [grid] {
+        Position y = 0;
+        XtVaGetValues(grid, XmNy, &y, nullptr);
+        return y;
+    };
+    const int before = top();
+    click(spot(102, 1012), 5);
+    poll_until([&] { return top() < before; });
+    click(spot(102, 1012), 4);
+    poll_until([&] { return top() == before; });
 }
 
 TEST_F(DialogsDisplay, ListsAndCombosTellOfTheirSelection) {
@@ -683,11 +763,11 @@ TEST_F(DialogsDisplay, ArrowKeysChangeThePageOfATabAndTheCellOfAGrid) {
 
 TEST_F(DialogsDisplay, AModalDialogReturnsItsButton) {
     wdialogload(103);
-    XtAppAddTimeOut(
-        yydisplay.app, 100,
-        [](XtPointer, XtIntervalId*) {
-            window_titled("Box limits...");
-            key("Return");
+    // The dialog's own loop runs in the call: the user acts as soon as it has the keyboard.
+    XtAddEventHandler(
+        field(103, 1015).focus_widget, FocusChangeMask, False,
+        [](Widget, XtPointer, XEvent* event, Boolean*) {
+            if (event->type == FocusIn && is_shown("Box limits...")) key("Return");
         },
         nullptr);
     wdialogshow(-1, -1, 0, DialogModal);

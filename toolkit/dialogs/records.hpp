@@ -80,9 +80,10 @@ struct FieldRecord {
     bool user_drawn = false;
     bool initially_set = false;  ///< Check and Radio
     std::unique_ptr<NumericField> numeric;
-    std::vector<TabPage> pages;  ///< of a Tab
-    int front_page = 0;          ///< index of the one in front
-    int capacity = 0;            ///< most rows of a Grid
+    std::vector<TabPage> pages;         ///< of a Tab
+    int front_page = 0;                 ///< index of the one in front
+    int capacity = 0;                   ///< most rows of a Grid
+    int line_step = 1, page_step = 10;  ///< of a Trackbar
     int progress_low = 0, progress_high = 100;
     std::string password;  ///< what a password field holds behind its asterisks
     ResourcePixmap image;

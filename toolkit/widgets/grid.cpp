@@ -111,13 +111,19 @@ void fit(Widget widget) {
     if (XtIsRealized(widget)) XClearArea(display_of(widget), window_of(widget), 0, 0, 0, 0, True);
 }
 
-/// The scrolled window scrolls to whole children only, so its bar is moved to the row.
-void scroll_to_row(Widget widget, int row) {
+/// Null when all rows are in sight.
+Widget scroll_bar_of(Widget widget) {
     const Widget scrolled = XtParent(XtParent(widget));
-    if (!scrolled || !XmIsScrolledWindow(scrolled)) return;
+    if (!scrolled || !XmIsScrolledWindow(scrolled)) return nullptr;
     Widget bar = nullptr;
     XtVaGetValues(scrolled, XmNverticalScrollBar, &bar, nullptr);
-    if (!bar || !XtIsManaged(bar)) return;
+    return bar && XtIsManaged(bar) ? bar : nullptr;
+}
+
+/// The scrolled window scrolls to whole children only, so its bar is moved to the row.
+void scroll_to_row(Widget widget, int row) {
+    const Widget bar = scroll_bar_of(widget);
+    if (!bar) return;
     int value = 0;
     int slider = 0;
     int increment = 0;
@@ -127,6 +133,26 @@ void scroll_to_row(Widget widget, int row) {
     const int wanted = std::clamp(value, (row + 1) * height - slider + 1, row * height);
     if (wanted != value && slider >= height)
         XmScrollBarSetValues(bar, wanted, slider, increment, page, True);
+}
+
+void scroll_by_rows(Widget widget, int rows) {
+    const Widget bar = scroll_bar_of(widget);
+    if (!bar) return;
+    int value = 0;
+    int slider = 0;
+    int increment = 0;
+    int page = 0;
+    int maximum = 0;
+    XmScrollBarGetValues(bar, &value, &slider, &increment, &page);
+    XtVaGetValues(bar, XmNmaximum, &maximum, nullptr);
+    const int wanted =
+        std::clamp(value + rows * row_height(record(widget)), 0, std::max(0, maximum - slider));
+    if (wanted != value) XmScrollBarSetValues(bar, wanted, slider, increment, page, True);
+}
+
+void wheel(Widget widget, XEvent*, String* parameters, Cardinal*) {
+    constexpr int rows = 3;
+    scroll_by_rows(widget, parameters[0][0] == 'u' ? -rows : rows);
 }
 
 void move_to(Widget widget, int column, int row) {
@@ -234,6 +260,8 @@ Boolean set_values(Widget current, Widget, Widget set, ArgList, Cardinal*) {
 
 constexpr char translations[] =
     "<Btn1Down>: gridPress()\n"
+    "<Btn4Down>: gridWheel(u)\n"
+    "<Btn5Down>: gridWheel(d)\n"
     "<FocusIn>: PrimitiveFocusIn()\n"
     "<FocusOut>: PrimitiveFocusOut()\n"
     "<Key>osfUp: gridStep(u)\n"
@@ -242,9 +270,10 @@ constexpr char translations[] =
     "<Key>osfRight: gridStep(r)\n"
     "<Key>: gridType()";
 
-std::array<XtActionsRec, 3> actions{{
+std::array<XtActionsRec, 4> actions{{
     {xt_name("gridPress"), press},
     {xt_name("gridStep"), step},
+    {xt_name("gridWheel"), wheel},
     {xt_name("gridType"), type},
 }};
 

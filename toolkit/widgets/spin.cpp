@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <utility>
 
 namespace tesserakit {
 namespace {
@@ -98,9 +99,26 @@ std::string text_of(Widget widget) {
     return text ? text.get() : "";
 }
 
+/// XCheckIfEvent's predicate: looks through the queue and takes nothing.
+Bool note_release(Display*, XEvent* event, XPointer note) {
+    auto& [window, found] = *reinterpret_cast<std::pair<Window, bool>*>(note);
+    if (event->type == ButtonRelease && event->xbutton.window == window) found = true;
+    return False;
+}
+
+/// While the program was busy the release may have come, and still wait behind other events.
+bool release_waits(Widget widget) {
+    std::pair<Window, bool> note{window_of(widget), false};
+    XEvent event;
+    XCheckIfEvent(display_of(widget), &event, note_release, reinterpret_cast<XPointer>(&note));
+    return note.second;
+}
+
 void repeat(XtPointer client, XtIntervalId*) {
     const Widget widget = static_cast<Widget>(client);
     SpinPart& part = head(widget).spin;
+    part.timer = 0;
+    if (release_waits(widget)) return;
     spin_step(widget, part.direction, part.big);
     part.timer = XtAppAddTimeOut(XtWidgetToApplicationContext(widget), next_delay, repeat, widget);
 }

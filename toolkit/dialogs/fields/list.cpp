@@ -7,6 +7,8 @@
 #include <Xm/List.h>
 #include <Xm/ScrolledW.h>
 
+#include <algorithm>
+
 #include "toolkit/widgets/list_items.hpp"
 namespace tesserakit {
 namespace {
@@ -32,15 +34,17 @@ void create_list(FieldRecord& field) {
 
 namespace {
 
-/// Scrolls so far that the selected item is in sight.
+/// Scrolls so far that the selected item is in sight and no line stays empty that an item could
+/// fill. Before the list has its size it shows a line or two, and scrolls too far.
 void show_selected(FieldRecord& field) {
-    const int option = selected_item(field.widget);
-    if (option < 1) return;
     int top = 0;
     int visible = 0;
     XtVaGetValues(field.widget, XmNtopItemPosition, &top, XmNvisibleItemCount, &visible, nullptr);
-    if (option < top) XmListSetPos(field.widget, option);
-    if (visible > 0 && option >= top + visible) XmListSetBottomPos(field.widget, option);
+    if (visible < 1) return;
+    const int option = selected_item(field.widget);
+    int wanted = option > 0 ? std::clamp(top, std::max(1, option - visible + 1), option) : top;
+    wanted = std::min(wanted, std::max(1, item_count(field.widget) - visible + 1));
+    if (wanted != top) XmListSetPos(field.widget, wanted);
 }
 
 std::string selected_text(Widget list) { return item_text(list, selected_item(list)); }

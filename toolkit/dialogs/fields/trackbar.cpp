@@ -1,6 +1,8 @@
+#include "toolkit/base/colours.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
+#include "toolkit/dialogs/post.hpp"
 
 #include <Xm/Scale.h>
 
@@ -33,7 +35,9 @@ void create_trackbar(FieldRecord& field) {
     args(XmNprocessingDirection, vertical ? XmMAX_ON_TOP : XmMAX_ON_RIGHT);
     args(XmNscaleWidth, field.box.width)(XmNscaleHeight, field.box.height);
     args(XmNminimum, low)(XmNmaximum, high)(XmNvalue, std::clamp(values[0], low, high));
-    if (values[3] > 0) args(XmNscaleMultiple, std::min(values[3], high - low));
+    field.page_step = values[3] > 0 ? values[3] : std::max(1, (high - low) / 10);
+    field.line_step = std::max(1, values[4]);
+    args(XmNscaleMultiple, std::min(field.page_step, high - low));
     args(XmNshowValue, False)(XmNhighlightThickness, 1);
     field.widget = args.create("trackbar", xmScaleWidgetClass, field.dialog->widget);
     field.position_widget = field.widget;
@@ -70,12 +74,52 @@ void wdialogputtrackbar(int identifier, int value, std::optional<int> minimum,
     if (range.minimum >= range.maximum) return yyerror(ValueOutOfRange, routine, identifier);
     range.value = std::clamp(value, range.minimum, range.maximum);
     const Suppression quiet(*field->dialog);
+    // Motif takes no page that is longer than the range.
     XtVaSetValues(field->widget, XmNminimum, range.minimum, XmNmaximum, range.maximum, XmNvalue,
-                  range.value, nullptr);
+                  range.value, XmNscaleMultiple,
+                  std::min(field->page_step, range.maximum - range.minimum), nullptr);
 }
+
+namespace {
+
+/// Motif draws dots in the background's colour over a bar that is insensitive: in the darker trough
+/// they stand out more than a bar that can be moved.
+void grey_trackbar(FieldRecord& field, bool greyed) {
+    XtSetSensitive(field.widget, greyed ? False : True);
+    XtVaSetValues(field.focus_widget, XmNtroughColor,
+                  greyed ? wSchemeCol.background : wSchemeCol.select, nullptr);
+}
+
+// Motif's own keys know no step but 1 and the page.
+constexpr char trackbar_keys[] =
+    "<Key>osfLeft: yyDGKeyTrans(-)\n"
+    "<Key>osfDown: yyDGKeyTrans(-)\n"
+    "<Key>osfRight: yyDGKeyTrans(+)\n"
+    "<Key>osfUp: yyDGKeyTrans(+)\n"
+    "<Key>osfPageUp: yyDGKeyTrans(P)\n"
+    "<Key>osfPageDown: yyDGKeyTrans(p)\n";
+
+std::string trackbar_keys_of(const FieldRecord&) { return trackbar_keys; }
+
+void step_by_key(FieldRecord& field, char key, bool, const XEvent&) {
+    const int size = key == '+' || key == '-' ? field.line_step : field.page_step;
+    const int step = key == '+' || key == 'P' ? size : -size;
+    const TrackRange range = track_range(field);
+    // No overflow: the range is at most that of int, and steps are cut to it.
+    const long long wanted = static_cast<long long>(range.value) + step;
+    const int value = static_cast<int>(std::clamp<long long>(wanted, range.minimum, range.maximum));
+    if (value == range.value) return;
+    XmScaleSetValue(field.widget, value);
+    post_changed(field);
+}
+
+}  // namespace
 
 const FieldKind trackbar_kind{
     .create = create_trackbar,
+    .grey = grey_trackbar,
+    .keys = trackbar_keys_of,
+    .key = step_by_key,
 };
 
 }  // namespace tesserakit
