@@ -361,7 +361,7 @@ TEST_F(DialogsDisplay, TabReachesThePageInFrontAndStopsAtTheSetRadio) {
 
 TEST_F(DialogsDisplay, ReturnIsOkEscapeAndCloseAreCancel) {
     show(103);
-    for (const char* name : {"Return"}) {
+    for (const char* name : {"Return", "KP_Enter"}) {
         key(name);
         expect_button(103, 1);
     }
@@ -415,6 +415,47 @@ TEST_F(DialogsDisplay, AMnemonicMovesTheFocusOrPresses) {
     EXPECT_EQ(wait_for(FieldChanged).VALUE2, 1002);
     key("alt+c");
     expect_button(32103, 2);
+}
+
+TEST_F(DialogsDisplay, TypingBehindTheTabKeyReplacesTheText) {
+    show(103);
+    wdialogputreal(1017, 2.01f, "(f7.2)");
+    key("Tab");
+    wait_for(FieldChanged);
+    key("3");
+    poll_until([] { return text_of(103, 1017) != "2.01"; });
+    EXPECT_EQ(text_of(103, 1017), "3");
+}
+
+TEST_F(DialogsDisplay, HelpIsAskedForTheFieldWithTheFocus) {
+    show(103);
+    wdialogsetfield(1017);
+    move_to(spot(103, 1021));
+    drain();
+    key("F1");
+    const MessageRecord message = wait_for(PushButton);
+    EXPECT_EQ(message.VALUE1, 9);
+    EXPECT_EQ(message.VALUE2, 1017);
+}
+
+TEST_F(DialogsDisplay, TheLetterOfAMnemonicIsUnderlined) {
+    const auto ink = [](int style) {
+        DialogRecord& dialog = dialog_slot(50);
+        load_records(dialog, 103);
+        FieldRecord& label = *find_field(dialog, 1014);
+        label.text = "Xmin";
+        label.underlined = style;
+        create_widgets(dialog, nullptr);
+        wdialogselect(103);
+        wdialogshow();
+        window_titled(dialog.title);
+        const Point corner = spot(103, 1014, -label.box.width / 2, -label.box.height / 2);
+        drain();
+        const auto colours = pixels({corner.x, corner.y, label.box.width, label.box.height});
+        wdialogunload();
+        return std::ranges::count(colours, 0U);
+    };
+    EXPECT_GT(ink(0), ink(-1) + 3);
 }
 
 TEST_F(DialogsDisplay, ATypedNumberCountsWhenTheFocusLeaves) {
@@ -859,4 +900,18 @@ TEST(DialogsDisplayFonts, ServerFontsShowTheAnglesInLatinLetters) {
     EXPECT_EQ(text, "ga:");
     EXPECT_EQ(wFonts.dialog.measures.smallest_width, wFonts.dialog.measures.largest_width)
         << "the user's font is taken";
+}
+
+TEST(DialogsDisplayFonts, GreekLettersGrowWithTheDialogFont) {
+    const TempDirectory folder;
+    ::setenv("XENVIRONMENT", folder.file("resources", "Tess*dialogFont: Sans-20\n").c_str(), 1);
+    winitialise();
+    EXPECT_EQ(wFonts.symbol.height(), wFonts.dialog.height());
+    wdialogload(105);
+    const FieldRecord& gamma = field(105, 1038);
+    EXPECT_EQ(gamma.text, "\u03b3:");
+    XmRenderTable table = nullptr;
+    XtVaGetValues(gamma.widget, XmNrenderTable, &table, nullptr);
+    const CompoundText text(gamma.text);
+    EXPECT_EQ(XmStringHeight(table, text.get()), wFonts.dialog.height());
 }

@@ -115,7 +115,10 @@ DialogUnits dialog_units_of(const FontMeasures& measures) {
 void load_fonts() {
     const ResourceValues values = resource_values();
     wFonts.dialog = load_font(values.dialog_font);
-    wFonts.symbol = load_font(values.symbol_font);
+    // Where the user names none the Greek letters are as large as the text around them.
+    const std::string symbol = values.symbol_font;
+    const bool scalable = font_name(values.dialog_font).scalable;
+    wFonts.symbol = load_font(!symbol.empty() ? symbol : scalable ? values.dialog_font : "Sans-10");
     wFonts.menu = load_font(values.menu_font);
     wFonts.status = load_font(values.status_font);
     wFonts.fixed = load_font(values.fixed_font);

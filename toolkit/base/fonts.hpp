@@ -50,7 +50,7 @@ void draw_text(const TextFont& font, Drawable drawable, GC gc, int x, int baseli
 /// statusFont of the application class Tess (names for Xft, such as "Sans-10", or X font names).
 struct Fonts {
     TextFont dialog;  ///< fields of dialogs; their units come from its measures
-    TextFont symbol;  ///< Greek letters of labels in the symbol font
+    TextFont symbol;  ///< Greek letters of labels; where none is named, a scalable dialog font
     TextFont menu;
     TextFont status;
     TextFont fixed;  ///< columns line up: text editor

@@ -40,7 +40,7 @@ ResourceValues resource_values() {
     using Values = ResourceValues;
     std::array rows{
         font_resource("dialogFont", offsetof(Values, dialog_font), "Sans-10"),
-        font_resource("symbolFont", offsetof(Values, symbol_font), "Sans-10"),
+        font_resource("symbolFont", offsetof(Values, symbol_font), ""),
         font_resource("menuFont", offsetof(Values, menu_font), "Sans-10"),
         font_resource("statusFont", offsetof(Values, status_font), "Sans-10"),
         font_resource("fixedFont", offsetof(Values, fixed_font), "Monospace-10"),

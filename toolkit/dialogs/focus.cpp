@@ -135,6 +135,17 @@ void watch_field(FieldRecord& field) {
 
 void watch_dialog(DialogRecord& dialog) { install_keys(dialog); }
 
+void enter_by_key(FieldRecord& field) {
+    XmProcessTraversal(field.focus_widget, XmTRAVERSE_CURRENT);
+    if (const auto entered = kind_of(field).entered_by_key) entered(field);
+}
+
+FieldRecord* focused_field(DialogRecord& dialog) {
+    DialogRecord& outer = outermost(dialog);
+    if (state.active && &outermost(*state.active->dialog) == &outer) return state.active;
+    return outer.current_field;
+}
+
 /// In the order of the resource, the page in front behind its tab, around from the last to the
 /// first.
 void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward) {
@@ -146,7 +157,7 @@ void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward
     auto here = std::ranges::find_if(
         stops, [from](FieldRecord* stop) { return from && stop == &tab_target(*from); });
     if (here == stops.end() || ++here == stops.end()) here = stops.begin();
-    XmProcessTraversal((*here)->focus_widget, XmTRAVERSE_CURRENT);
+    enter_by_key(**here);
 }
 
 FieldRecord& tab_target(FieldRecord& field) {

@@ -16,6 +16,11 @@ FieldRecord* first_focus(DialogRecord& dialog);
 /// The radio button of a group that the Tab key goes to: the one that is set. Any other field
 /// stands for itself.
 FieldRecord& tab_target(FieldRecord& field);
+/// The user goes to the field by a key.
+void enter_by_key(FieldRecord& field);
+/// The field that has the focus, or had it last, in a dialog and the pages of its tabs; null for
+/// none.
+FieldRecord* focused_field(DialogRecord& dialog);
 /// The next or previous field with a tab stop, around from the last to the first.
 void yyDGNextPreviousField(DialogRecord& dialog, FieldRecord* from, bool forward);
 /// Validates what is being typed and takes it as the field's value; tells the application of a new

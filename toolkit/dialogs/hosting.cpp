@@ -1,6 +1,8 @@
 #include "toolkit/dialogs/hosting.hpp"
 
 #include "toolkit/dialogs/build.hpp"
+#include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/keys.hpp"
 #include "toolkit/dialogs/layout.hpp"
 #include "toolkit/dialogs/load.hpp"
 #include "toolkit/dialogs/records.hpp"
@@ -30,6 +32,13 @@ DialogPlace yyDGplace(Widget widget) {
             .identifier = dialog->identifier,
             .field = field ? field->identifier : 0,
             .user_drawn = field ? field->user_drawn : dialog->user_drawn};
+}
+
+DialogPlace yyDGfocus(int slot) {
+    DialogRecord* dialog = loaded_dialog(slot);
+    if (!dialog) return {};
+    const FieldRecord* field = focused_field(*dialog);
+    return yyDGplace(field ? field->focus_widget : dialog->widget);
 }
 
 int yyDGidentifier(int slot) {
@@ -160,8 +169,10 @@ void yyDGInit() { wDialog = -1; }
 }  // namespace
 
 void install_dialogs() {
+    register_keys();
     dialog_hooks = {
         .place = yyDGplace,
+        .focus = yyDGfocus,
         .slot = yyDGslot,
         .identifier = yyDGidentifier,
         .current = yyDGcurrent,

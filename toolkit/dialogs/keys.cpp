@@ -51,7 +51,7 @@ void use_mnemonic(FieldRecord& field, XEvent* event) {
         ++i;
     }
     if (i == fields.size() || !commit_typing()) return;
-    XmProcessTraversal(tab_target(fields[i]).focus_widget, XmTRAVERSE_CURRENT);
+    enter_by_key(tab_target(fields[i]));
     if (kind_of(fields[i]).pressed_by_keys) activate(fields[i], event);
 }
 
@@ -90,9 +90,11 @@ void yyDGKeyTrans(Widget widget, XEvent* event, String* parameters, Cardinal* co
     }
 }
 
+// Motif gives the Enter key of the keypad its own name.
 constexpr char dialog_keys[] =
     "<Key>Return: yyDGKeyTrans(r)\n"
     "<Key>KP_Enter: yyDGKeyTrans(r)\n"
+    "<Key>osfActivate: yyDGKeyTrans(r)\n"
     "Alt<Key>: yyDGKeyTrans(s)\n"
     "<Key>osfCancel: yyDGKeyTrans(s)\n";
 
@@ -109,15 +111,15 @@ std::string keys_of(const FieldRecord& field) {
 }
 
 void install(Widget widget, const std::string& keys) {
-    static const bool known = [] {
-        XtActionsRec action{xt_name("yyDGKeyTrans"), yyDGKeyTrans};
-        XtAppAddActions(yydisplay.app, &action, 1);
-        return true;
-    }();
-    if (known) XtOverrideTranslations(widget, XtParseTranslationTable(keys.c_str()));
+    XtOverrideTranslations(widget, XtParseTranslationTable(keys.c_str()));
 }
 
 }  // namespace
+
+void register_keys() {
+    XtActionsRec action{xt_name("yyDGKeyTrans"), yyDGKeyTrans};
+    XtAppAddActions(yydisplay.app, &action, 1);
+}
 
 void install_keys(FieldRecord& field) {
     // Where no field of the dialog can have the focus, the keys come to what is under the pointer.

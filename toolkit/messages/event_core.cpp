@@ -125,7 +125,7 @@ Outcome key_press(XEvent& event) {
     const DialogPlace dialog = dialog_of_key(owner);
     const bool help = dialog.slot >= 0 && (key.keysym == XK_F1 || key.keysym == XK_KP_F1);
     if (help && !menu_hooks.active()) {
-        ask_for_help(dialog, event.xkey);
+        ask_for_help(dialog_hooks.focus(dialog.slot), event.xkey);
         return Outcome::GoesOn;
     }
     if (key_of_menu(event.xkey, key.keysym, owner.window)) return Outcome::Consumed;

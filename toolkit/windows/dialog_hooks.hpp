@@ -47,6 +47,9 @@ struct DialogHooks {
     /// The innermost dialog that holds a widget (a page within its tab's dialog); a dialog's shell
     /// counts as the dialog. Null is in no dialog.
     DialogPlace (*place)(Widget) = [](Widget) { return DialogPlace{}; };
+    /// Where the focus is, or was last, in the dialog of a slot and the pages of its tabs; without
+    /// any, the dialog itself.
+    DialogPlace (*focus)(int slot) = [](int) { return DialogPlace{}; };
     /// The slot of a loaded dialog, -1 if it isn't loaded; the identifier of a slot, -1 for none.
     int (*slot)(int identifier) = [](int) { return -1; };
     int (*identifier)(int slot) = [](int) { return -1; };

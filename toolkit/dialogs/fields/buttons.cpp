@@ -34,6 +34,7 @@ Widget create_button_widget(FieldRecord& field, WidgetClass type, Arguments extr
     const CompoundText text(field.text);
     args(XmNlabelString, text.get())(XmNmarginHeight, 0)(XmNmarginWidth, 2);
     args(XmNrecomputeSize, False)(XmNhighlightThickness, 1)(XmNtraversalOn, True);
+    underline_mnemonic(field, args);
     if (shows_image(field)) args(XmNlabelType, XmPIXMAP)(XmNlabelPixmap, field.image.pixmap);
     for (Cardinal i = 0; i < extra.count(); ++i) args(extra.data()[i].name, extra.data()[i].value);
     field.widget = args.create("button", type, field.dialog->widget);
@@ -52,7 +53,7 @@ Arguments toggle_arguments(const FieldRecord& field, bool radio) {
         extra(XmNindicatorOn, radio ? XmINDICATOR_FILL : XmINDICATOR_CHECK_BOX);
         extra(XmNindicatorSize, wFonts.dialog.measures.ascent + 2)(XmNshadowThickness, 0);
         extra(XmNdetailShadowThickness, 1);
-        extra(XmNselectColor, radio ? wSchemeCol.highlight : wSchemeCol.field);
+        extra(XmNselectColor, radio ? wSchemeCol.foreground : wSchemeCol.field);
         extra(XmNunselectColor, wSchemeCol.field);
         extra(XmNalignment, XmALIGNMENT_BEGINNING)(XmNspacing, 4);
     }

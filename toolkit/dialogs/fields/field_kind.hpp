@@ -51,6 +51,8 @@ struct FieldKind {
     FieldRecord& (*tab_stop)(FieldRecord&) = nullptr;
     /// The dialog inside it, null for none.
     DialogRecord* (*page)(FieldRecord&) = nullptr;
+    /// The user has come by the Tab key or the mnemonic.
+    void (*entered_by_key)(FieldRecord&) = nullptr;
     /// Translations in front of those of every field, and what yyDGKeyTrans does by them: the
     /// letter, and for moves the direction.
     std::string (*keys)(const FieldRecord&) = nullptr;

@@ -19,6 +19,7 @@ void create_group(FieldRecord& field) {
     title(XmNrenderTable, wFonts.dialog.table)(XmNlabelString, text.get());
     title(XmNframeChildType, XmFRAME_TITLE_CHILD)(XmNmarginHeight, 0)(XmNmarginWidth, 2);
     title(XmNchildVerticalAlignment, XmALIGNMENT_CENTER)(XmNchildHorizontalSpacing, 4);
+    underline_mnemonic(field, title);
     field.widget = title.create("title", xmLabelWidgetClass, field.position_widget);
     XtManageChild(field.widget);
 }

@@ -81,6 +81,7 @@ void create_label(FieldRecord& field) {
     Arguments args;
     args(XmNrenderTable, font.table)(XmNlabelString, text.get())(XmNmarginWidth, 0);
     args(XmNmarginHeight, 0)(XmNrecomputeSize, False)(XmNalignment, label_alignment(field.style));
+    underline_mnemonic(field, args);
     field.widget = args.create("label", xmLabelWidgetClass, field.position_widget);
     XtManageChild(field.widget);
 }

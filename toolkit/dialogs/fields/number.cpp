@@ -159,6 +159,7 @@ const FieldKind number_kind{
     .text = typed_text,
     .put_text = put_typed_text,
     .set_read_only = set_text_read_only,
+    .entered_by_key = select_text,
     .keys = text_keys,
     .key = edit_by_key,
 };

@@ -1,6 +1,7 @@
 #include "toolkit/dialogs/fields/text.hpp"
 
 #include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
@@ -116,6 +117,13 @@ void set_text_read_only(FieldRecord& field, bool read_only) {
     XmTextSetEditable(field.widget, read_only ? False : True);
 }
 
+void select_text(FieldRecord& field) {
+    if (field.has_style(field_style::multi_line) && field.type == FieldType::String) return;
+    const XmTextPosition end = XmTextGetLastPosition(field.widget);
+    XmTextSetInsertionPosition(field.widget, end);
+    XmTextSetSelection(field.widget, 0, end, XtLastTimestampProcessed(yydisplay.display));
+}
+
 std::string text_keys(const FieldRecord& field) {
     std::string keys;
     if (field.type == FieldType::String && field.has_style(field_style::multi_line))
@@ -166,6 +174,7 @@ const FieldKind string_kind{
     .text = typed_text,
     .put_text = put_typed_text,
     .set_read_only = set_text_read_only,
+    .entered_by_key = select_text,
     .keys = text_keys,
     .key = edit_by_key,
 };

@@ -13,6 +13,8 @@ Arguments text_arguments(const FieldRecord& field);
 std::string typed_text(const FieldRecord& field);
 void put_typed_text(FieldRecord& field, const std::string& text);
 void set_text_read_only(FieldRecord& field, bool read_only);
+/// Selects all of a single line, so that typing replaces it.
+void select_text(FieldRecord& field);
 /// Makes a text of one or, for strings, several lines.
 void create_text(FieldRecord& field);
 /// The editing keys, and what they do.

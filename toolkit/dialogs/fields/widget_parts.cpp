@@ -61,6 +61,12 @@ void load_image(FieldRecord& field) {
         shrink_to_fit(field.image, field.box.width, field.box.height);
 }
 
+void underline_mnemonic(const FieldRecord& field, Arguments& args) {
+    if (field.underlined < 0) return;
+    const char letter = field.text[static_cast<std::size_t>(field.underlined)];
+    args(XmNmnemonic, static_cast<KeySym>(static_cast<unsigned char>(letter)));
+}
+
 std::string label_text(const FieldRecord& field) { return field.text; }
 
 void put_label_text(FieldRecord& field, const std::string& text) {

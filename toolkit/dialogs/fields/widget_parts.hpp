@@ -16,6 +16,8 @@ int text_margin(int height, int frame);
 FieldRecord& field_of(XtPointer client);
 /// Callback: the user has changed the field.
 void changed(Widget, XtPointer client, XtPointer);
+/// Lets a label draw a line under the letter that the resource marks.
+void underline_mnemonic(const FieldRecord& field, Arguments& args);
 /// Text of a field whose widget is a label or button, and a new one.
 std::string label_text(const FieldRecord& field);
 void put_label_text(FieldRecord& field, const std::string& text);
