@@ -458,6 +458,66 @@ TEST_F(DialogsDisplay, TheLetterOfAMnemonicIsUnderlined) {
     EXPECT_GT(ink(0), ink(-1) + 3);
 }
 
+TEST_F(DialogsDisplay, AMinimisedDialogComesBackWhenItIsShown) {
+    show(103);
+    const Window shell = XtWindow(record(103).shell);
+    XIconifyWindow(yydisplay.display, shell, yydisplay.screen_number);
+    const auto is = [shell](int state) {
+        XWindowAttributes attributes{};
+        return XGetWindowAttributes(yydisplay.display, shell, &attributes) != 0 &&
+               attributes.map_state == state;
+    };
+    poll_until([&] { return is(IsUnmapped); });
+    wdialogselect(103);
+    wdialogshow();
+    poll_until([&] { return is(IsViewable); });
+}
+
+TEST_F(DialogsDisplay, ADialogStaysAboveTheWindowThatOpenedIt) {
+    const auto above = [] { return property("Box limits...", "WM_TRANSIENT_FOR").at(0); };
+    const int child = windowopenchild2({.width = 200, .height = 100, .title = "Child"});
+    ASSERT_GT(child, 0);
+    window_titled("Child");
+    show(103);
+    EXPECT_EQ(above(), windows[static_cast<std::size_t>(child)].shell);
+    wdialoghide();
+    windowclosechild(child);
+    show(103);
+    EXPECT_EQ(above(), windows[0].shell);
+    wdialoghide();
+    wdialogload(105);
+    show(105);
+    open_dialogs_from(record(105).shell);
+    show(103);
+    EXPECT_EQ(above(), XtWindow(record(105).shell));
+    open_dialogs_from(nullptr);
+}
+
+TEST_F(DialogsDisplay, ADialogIsPlacedInWindowUnitsOfItsParent) {
+    const Rectangle parent = window_titled("Root");
+    wdialogload(103);
+    wdialogshow(5000, 2500);
+    const Rectangle at = window_titled("Box limits...");
+    // The frame comes between: some ten pixels, a title bar's height more downwards.
+    EXPECT_NEAR(at.x, parent.x + parent.width / 2, 20);
+    EXPECT_NEAR(at.y, parent.y + parent.height / 4, 45);
+}
+
+TEST_F(DialogsDisplay, InformationWithoutADialogIsAnErrorButForCommonDialogs) {
+    dialog_hooks.make_current(-1);
+    EXPECT_EQ(winfodialog(4), 0);
+    EXPECT_EQ(infoerror(1), 1005);
+    note_common_exit(2);
+    EXPECT_EQ(winfodialog(4), 2);
+    EXPECT_EQ(winfodialog(1), 2);
+    EXPECT_EQ(infoerror(1), 0);
+    show(103);
+    key("Return");
+    expect_button(103, 1);
+    EXPECT_EQ(winfodialog(4), 1015) << "a dialog's button was the last";
+    EXPECT_EQ(winfodialog(1), 1);
+}
+
 TEST_F(DialogsDisplay, ATypedNumberCountsWhenTheFocusLeaves) {
     show(103);
     key("ctrl+a");

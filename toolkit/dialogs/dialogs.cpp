@@ -116,8 +116,10 @@ void wdialogsetfield(int identifier) {
 }
 
 int winfodialog(int item) {
-    DialogRecord* dialog = loaded_dialog(wDialog);
     if (item == 5) return last_exit_dialog();
+    if (item == 1 || item == 4)
+        if (const std::optional<int> button = common_exit()) return *button;
+    DialogRecord* dialog = current_dialog("WInfoDialog");
     if (!dialog) return 0;
     int x = 0;
     int y = 0;

@@ -11,6 +11,7 @@ constexpr int cancel_button = 2;
 
 struct State {
     int last_exit_dialog = 0;  // identifier
+    std::optional<int> common_exit;
 };
 constinit State state{};
 
@@ -44,6 +45,7 @@ void yyDGFieldButtonMessage(DialogRecord& dialog, int button, int field) {
     post(dialog, dialog_mail(PushButton, dialog, button, field));
     if (bInvalidField && button != invalid_field_help_button) return;
     state.last_exit_dialog = dialog.identifier;
+    state.common_exit.reset();
     DialogRecord& outer = outermost(dialog);
     if (outer.show_mode != DialogModal || top_modal_widget() != outer.widget) return;
     hide_dialog_record(outer);
@@ -55,6 +57,10 @@ void cancel_dialog(DialogRecord& dialog) {
     revert_typing(outer);
     yyDGFieldButtonMessage(outer, cancel_button, focused_identifier(outer, cancel_button));
 }
+
+void note_common_exit(int button) { state.common_exit = button; }
+
+std::optional<int> common_exit() { return state.common_exit; }
 
 int last_exit_dialog() { return state.last_exit_dialog; }
 

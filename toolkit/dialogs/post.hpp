@@ -3,6 +3,8 @@
 
 #include "toolkit/dialogs/records.hpp"
 
+#include <optional>
+
 namespace tesserakit {
 
 /// A message of a dialog, its other words -1.
@@ -14,6 +16,10 @@ void post_changed(FieldRecord& field);
 void yyDGFieldButtonMessage(DialogRecord& dialog, int button, int field);
 /// The window manager's close, and Escape.
 void cancel_dialog(DialogRecord& dialog);
+/// A common dialog has ended by this button.
+void note_common_exit(int button);
+/// The button of the last common dialog, absent once a dialog's button has been pressed.
+std::optional<int> common_exit();
 /// Dialog whose button was pressed last, 0 before any.
 int last_exit_dialog();
 

@@ -17,16 +17,53 @@
 #include <Xm/Xm.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tesserakit {
 namespace {
 
+struct State {
+    Widget opener = nullptr;  // shell named by open_dialogs_from, null: the current window's
+};
+constinit State state{};
+
 int centred(int extent, int available) { return std::max(0, (available - extent) / 2); }
 
+/// The window that a dialog belongs to: the current one, if it is shown.
+const WindowSlot* parent_window() {
+    if (wCurrentWindow < 0) return nullptr;
+    const WindowSlot& slot = windows[static_cast<std::size_t>(wCurrentWindow)];
+    return slot.open() && slot.visible ? &slot : nullptr;
+}
+
+/// What `units` count in: the client area of the parent, or the screen.
+Box units_area() {
+    const WindowSlot* parent = parent_window();
+    Box area{0, 0, yydisplay.width, yydisplay.height};
+    if (!parent) return area;
+    Window child = 0;
+    XTranslateCoordinates(yydisplay.display, parent->client, yydisplay.root, 0, 0, &area.x, &area.y,
+                          &child);
+    area.width = parent->width;
+    area.height = parent->height;
+    return area;
+}
+
 void position_shell(DialogRecord& dialog, int x, int y) {
-    x = x == dialog_centred ? centred(dialog.width, yydisplay.width) : x;
-    y = y == dialog_centred ? centred(dialog.height, yydisplay.height) : y;
-    XtVaSetValues(dialog.shell, XmNx, static_cast<int>(x), XmNy, static_cast<int>(y), nullptr);
+    const Box area = units_area();
+    x = x == dialog_centred ? centred(dialog.width, yydisplay.width)
+                            : area.x + pixels_from_units(x, area.width);
+    y = y == dialog_centred ? centred(dialog.height, yydisplay.height)
+                            : area.y + pixels_from_units(y, area.height);
+    XtVaSetValues(dialog.shell, XmNx, x, XmNy, y, nullptr);
+}
+
+/// The window manager keeps the dialog above the window that opened it.
+void hang_on_opener(DialogRecord& dialog) {
+    const WindowSlot* parent = parent_window();
+    Widget opener = state.opener;
+    if (!opener) opener = parent ? parent->shell_widget : yydialogparent();
+    XtVaSetValues(dialog.shell, XmNtransientFor, opener, nullptr);
 }
 
 void position_child(DialogRecord& dialog, int x, int y) {
@@ -61,18 +98,23 @@ void repeat_focus(const DialogRecord& leaving) {
 
 }  // namespace
 
+Widget open_dialogs_from(Widget shell) { return std::exchange(state.opener, shell); }
+
 /// yydialogshow2
 void map_dialog(DialogRecord& dialog, int x, int y, int field, int mode) {
     if (dialog.shown()) {
         const Widget top = dialog.shell ? dialog.shell : dialog.widget;
-        XRaiseWindow(display_of(top), window_of(top));
+        // Mapping brings a minimised one back.
+        XMapRaised(display_of(top), window_of(top));
         if (field != 0) focus_at_start(dialog, field);
         return;
     }
-    if (dialog.shell)
+    if (dialog.shell) {
+        hang_on_opener(dialog);
         position_shell(dialog, x, y);
-    else
+    } else {
         position_child(dialog, x, y);
+    }
     dialog.show_mode = mode;
     XtManageChild(dialog.widget);
     lay_out_fields(dialog);
@@ -111,6 +153,8 @@ void hide_dialog_record(DialogRecord& dialog) {
     // Before the widgets go: Motif moves the focus on while they do.
     dialog.show_mode = -1;
     if (dialog.widget) XtUnmanageChild(dialog.widget);
+    // The opener may close before the dialog is shown again.
+    if (dialog.shell) XtVaSetValues(dialog.shell, XmNtransientFor, yydialogparent(), nullptr);
     if (locked_out) repeat_focus(dialog);
     for (FieldRecord& field : dialog.fields)
         for (const TabPage& page : field.pages)

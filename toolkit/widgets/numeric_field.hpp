@@ -23,8 +23,8 @@ struct NumericField {
     double high = -1.0;
     double last_valid = 0.0;  ///< a Real's is exactly a 32-bit value
     bool text_changed = false;
-    bool defined = false;     ///< has held a value; last_valid means nothing before
-    std::string format;       ///< such as "(f7.2)"; empty: cNumDefFormat
+    bool defined = false;  ///< has held a value; last_valid means nothing before
+    std::string format;    ///< such as "(f7.2)"; empty: cNumDefFormat
 
     bool has_range() const { return low < high; }
 };
