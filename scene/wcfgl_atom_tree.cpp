@@ -2,6 +2,8 @@
 
 #include "common/fatal.hpp"
 #include "common/list_write.hpp"
+#include "common/number_field.hpp"
+#include "crystal/position_text.hpp"
 #include "scene/box_cells.hpp"
 #include "scene/shown_box.hpp"
 #include "scene/wcfgl_atomic_table.hpp"
@@ -65,12 +67,39 @@ bool search(std::vector<Atom>& atomlist, Predicate matches) {
     return !atomlist.empty();
 }
 
+/// What the reader makes of the position when so many decimals are written.
+Vector3f as_read(const Vector3f& xf, int decimals) {
+    Vector3f read;
+    for (std::size_t i = 0; i < 3; ++i) {
+        const std::string text = number_field::fixed(static_cast<double>(xf[i]), 0, decimals);
+        read[i] = position_text::component(text, number_field::to_float(text).value_or(xf[i]));
+    }
+    return read;
+}
+
+/// Four, or six where four would move the atom off its special position: 0.12345 0.2469 rounds to
+/// a place beside its mirror plane, and one atom of the cell would come back as two.
+int decimals_of_position(const Atom& atom) {
+    constexpr float folding = 2e-6f;  // what folding into the cell costs
+    const Vector3f rounded = as_read(atom.xf, 4);
+    const Vector3f moved = rounded - atom.xf;
+    if (std::ranges::all_of(moved, [](float d) { return std::abs(d) < folding; })) return 4;
+    // The record's own count may still be that of the group before.
+    auto multiplicity = [copy = atom](const Vector3f& xf) mutable {
+        copy.xf = xf;
+        wcfgl_glatom::calculate_eq_positions(copy, *wcfgl_metrix::current_space_group);
+        return copy.multiplicity;
+    };
+    return multiplicity(rounded) == multiplicity(atom.xf) ? 4 : 6;
+}
+
 void append_line(std::string& out, const AtomNode& node) {
     const Atom& atom = node.atom;
     out += "ATOM ";
     list_write::append_text(out, atom.label);
     list_write::append_text(out, atom.symbol);
-    list_write::append_fixed(out, atom.xf.c, 8, 4);
+    const int decimals = decimals_of_position(atom);
+    list_write::append_fixed(out, atom.xf.c, decimals + 4, decimals);
     if (atom.default_colour == 0) {
         out += " COLOR";
         list_write::append_fixed(out, atom.colour, 6, 3);

@@ -2,6 +2,7 @@
 #include "crystal/crystallographic_symmetry/space_group.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
+#include "scene/wcfgl_geometry.hpp"
 #include "scene/wcfgl_io.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <filesystem>
 #include <map>
@@ -259,6 +261,25 @@ TEST(RoundTrip, KeepsLabelsByteForByte) {
     EXPECT_EQ(wcfgl_bond_tree::get_bond_info(1).label1, FixedText<10>("a b"));
 }
 
+/// Four decimals would move these off their mirror planes; the multiplicities are those of the
+/// sites.
+TEST(RoundTrip, KeepsSpecialPositionsOfFiveDecimals) {
+    const auto saved = [](const std::string& position) {
+        const Quaternion view =
+            read_text("SPACEG P 3 m 1\nCELL 5 5 7 90 90 120\nATOM A H " + position + "\n");
+        EXPECT_THAT(multiplicities(), ElementsAre(3)) << position;
+        const std::string text = written(view);
+        EXPECT_EQ(written(read_text(text)), text);
+        EXPECT_THAT(multiplicities(), ElementsAre(3)) << text;
+        return text;
+    };
+    EXPECT_NE(saved("0.12345 0.24690 0.1").find(" 0.123450  0.246900  0.100000 RADIUS"),
+              std::string::npos);
+    EXPECT_NE(saved("0.1234 0.2468 0.12345").find(" 0.1234  0.2468  0.123"), std::string::npos);
+    saved("0.33325 -0.33325 .1");  // four decimals are those of a third
+    saved("0.00005 -0.00005 .1");
+}
+
 TEST(RoundTrip, AViewSavedTwiceIsTheSameView) {
     read_text("");
     std::mt19937 random(11);
@@ -276,6 +297,43 @@ TEST(RoundTrip, AViewSavedTwiceIsTheSameView) {
         const float sign = again[0] * view[0] < 0.0f ? -1.0f : 1.0f;
         for (std::size_t i = 0; i < 4; ++i) ASSERT_NEAR(sign * again[i], view[i], 1.5e-5f) << text;
     }
+}
+
+/// The views that docs/file_format.md gives for looking along an axis: it comes towards the user.
+TEST(ReadFile, ViewsAlongTheAxes) {
+    const auto towards = [](const std::string& cell, const std::string& line, bool reciprocal,
+                            std::size_t axis) {
+        const Quaternion view = read_text("CELL " + cell + "\n" + line + "\n");
+        std::array<Vector3f, 3> edges;
+        for (std::size_t i = 0; i < 3; ++i) {
+            Vector3f x{};
+            x[i] = 1.0f;
+            edges[i] = wcfgl_metrix::f2c_r(x);
+        }
+        const Vector3f along = reciprocal ? wcfgl_geometry::vect3d_vect_vect3d(
+                                                edges[(axis + 1) % 3], edges[(axis + 2) % 3])
+                                          : edges[axis];
+        const Vector3f seen = wcfgl_quaternion::q_rot_vect(view, along);
+        // 0.866 and 0.1604 are rounded themselves.
+        EXPECT_NEAR(seen[2] / wcfgl_geometry::vect_norm_3d(seen), 1.0f, 1e-6f) << line << axis;
+    };
+    const std::string right = "3 4 5 90 90 90";
+    const std::string hexagonal = "3 3 5 90 90 120";
+    const std::string monoclinic = "5.1505 5.2116 5.3173 90 99.23 90";
+    for (const std::string& cell : {right, hexagonal, monoclinic}) {
+        towards(cell, "VIEW -1 0 0", false, 0);
+        towards(cell, "VIEW 0 -1 0", true, 1);
+        towards(cell, "VIEW 0 0 1", true, 2);
+    }
+    towards(right, "VIEW 0 -1 0", false, 1);
+    towards(right, "VIEW 0 0 1", false, 2);
+    towards(right, "VIEW -1 0 0", true, 0);
+    towards(hexagonal, "VIEW 0.5 -0.866 0", false, 1);
+    towards(hexagonal, "VIEW 0 0 1", false, 2);
+    towards(hexagonal, "VIEW -0.866 -0.5 0", true, 0);
+    towards(monoclinic, "VIEW 0 -1 0", false, 1);
+    towards(monoclinic, "VIEW 0.1604 0 0.9871", false, 2);
+    towards(monoclinic, "VIEW -0.9871 0 0.1604", true, 0);
 }
 
 TEST(ReadFile, AFileWithoutAtomsGivesAnEmptySceneInTheOldBox) {
