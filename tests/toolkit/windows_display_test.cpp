@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "toolkit/base/display.hpp"
+#include "toolkit/dialogs/records.hpp"
 #include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/drawables.hpp"
 #include "toolkit/windows/gl_text.hpp"
 #include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_placing.hpp"
@@ -597,6 +599,133 @@ TEST(DialogWindowDisplay, AFieldShowsTheSamePictureAfterABitmap) {
     draw_halves();
     drain();
     EXPECT_EQ(pixels(area), before);
+}
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// Red, green, blue of a pixel of rows that were read from the uppermost on.
+unsigned colour_at(const Bytes& rows, int width, int x, int y) {
+    const auto at = static_cast<std::size_t>((y * width + x) * 3);
+    if (at + 2 >= rows.size()) return ~0U;
+    return static_cast<unsigned>(rows[at] << 16 | rows[at + 1] << 8 | rows[at + 2]);
+}
+
+/// Fills the selected drawable with X: left of `split` one colour, right of it another.
+void fill_with_x(int split, const char* left, const char* right) {
+    Display* display = yydisplay.display;
+    const Drawable target = selected_x_drawable();
+    const auto paint = [&](const char* name, int x, int width) {
+        XColor colour{};
+        XColor exact{};
+        XAllocNamedColor(display, yydisplay.colormap, name, &colour, &exact);
+        XGCValues values{};
+        values.foreground = colour.pixel;
+        const GC gc = XCreateGC(display, target, GCForeground, &values);
+        XFillRectangle(display, target, gc, x, 0, static_cast<unsigned>(width), 1000);
+        XFreeGC(display, gc);
+    };
+    paint(left, 0, split);
+    paint(right, split, drawable.width - split);
+}
+
+}  // namespace
+
+TEST(DrawableRowsDisplay, WhatXHasDrawnIsReadFromTheTopOn) {
+    open_root({.width = 300, .height = 200});
+    drain();
+    ASSERT_EQ(wbitmapcreate(65, 33), 1);
+    for (const int type : {1, 2}) {
+        SCOPED_TRACE(type);
+        igrselect(type, type == 1 ? 0 : 1);
+        const int width = winfodrawable(4);
+        const int height = winfodrawable(5);
+        fill_with_x(40, "#12ab34", "#fe0180");
+        const Bytes rows = yygrreadrows(0, height);
+        ASSERT_EQ(rows.size(), static_cast<std::size_t>(width * height * 3));
+        EXPECT_EQ(colour_at(rows, width, 39, 0), 0x12ab34U);
+        EXPECT_EQ(colour_at(rows, width, 40, height - 1), 0xfe0180U);
+        EXPECT_EQ(yygrreadrows(height - 2, 10).size(), static_cast<std::size_t>(width * 2 * 3));
+        EXPECT_EQ(yygrreadrows(-3, 4).size(), static_cast<std::size_t>(width * 3));
+        EXPECT_TRUE(yygrreadrows(height, 1).empty());
+        EXPECT_TRUE(yygrreadrows(0, 0).empty());
+    }
+    wbitmapdestroy(1);
+    EXPECT_TRUE(yygrreadrows(0, 1).empty());
+}
+
+TEST(DrawableRowsDisplay, APartlyHiddenWindowIsStillRead) {
+    open_root({.x = 1200, .width = 300, .height = 200});
+    drain();
+    // The window manager may have moved it on to the screen; here it leaves it.
+    XMoveWindow(yydisplay.display, window_slot(0).shell, 1150, 300);
+    drain();
+    fill_with_x(40, "#12ab34", "#fe0180");
+    const Bytes rows = yygrreadrows(0, 200);
+    ASSERT_EQ(rows.size(), 300U * 200U * 3U);
+    EXPECT_EQ(colour_at(rows, 300, 5, 199), 0x12ab34U);
+}
+
+TEST(DrawableRowsDisplay, WhatOpenGLHasDrawnIsReadFromTheTopOn) {
+    open_main();
+    const int bitmap = wbitmapcreate(601, 481);
+    for (const int type : {3, 2}) {
+        SCOPED_TRACE(type);
+        const int number = type == 3 ? picture_field : bitmap;
+        wglselect(type, number, type == 3 ? 2 : 0);
+        ASSERT_EQ(infoerror(1), 0);
+        igrselect(type, number);
+        const int width = winfodrawable(4);
+        const int height = winfodrawable(5);
+        drain();
+        // Below the middle blue on the left, else red: the rows begin at the top.
+        glViewport(0, 0, width, height);
+        glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        glColor3f(0.0f, 0.0f, 1.0f);
+        glRectf(-1.0f, -1.0f, 0.0f, 0.0f);
+        wglswapbuffers();
+        const Bytes rows = yygrreadrows(0, height);
+        ASSERT_EQ(rows.size(), static_cast<std::size_t>(width * height * 3));
+        EXPECT_EQ(colour_at(rows, width, 2, 2), red);
+        EXPECT_EQ(colour_at(rows, width, 2, height - 3), blue);
+        EXPECT_EQ(colour_at(rows, width, width - 3, height - 3), red);
+        EXPECT_GE(drawable.depth, 24);
+        EXPECT_TRUE(drawable.visual);
+    }
+    // The window shows OpenGL again, and the bitmap is the X picture that it was.
+    wglselect(3, picture_field, 2);
+    igrselect(2, bitmap);
+    EXPECT_EQ(colour_at(yygrreadrows(0, 1), 601, 5, 0), white);
+    wdialogselect(main_dialog);
+    igrselect(3, picture_field);
+    wbitmapdestroy(bitmap);
+    EXPECT_EQ(winfodrawable(1), 3) << "another drawable is selected";
+}
+
+TEST(DrawablesDisplay, WhatGoesAwayIsNoLongerSelected) {
+    open_root({.width = 300, .height = 200});
+    ASSERT_EQ(wbitmapcreate(64, 32), 1);
+    igrselect(2, 1);
+    wbitmapdestroy(1);
+    EXPECT_EQ(winfodrawable(1), 0);
+    ASSERT_EQ(wbitmapcreate(10, 10), 1);
+    EXPECT_EQ(winfodrawable(4), 0) << "the next bitmap of the number isn't selected by itself";
+
+    wdialogload(102);
+    const int field = wDialogInfo[static_cast<std::size_t>(wDialog)].fields.front().identifier;
+    igrselect(3, field);
+    ASSERT_EQ(winfodrawable(1), 3);
+    wdialogload(103);
+    wdialogunload();
+    EXPECT_EQ(winfodrawable(1), 3) << "of another dialog";
+    wdialogselect(102);
+    wdialogunload();
+    EXPECT_EQ(winfodrawable(1), 0);
+    wdialogload(102);
+    EXPECT_EQ(winfodrawable(1), 0);
+    EXPECT_EQ(infoerror(1), 0);
 }
 
 TEST(DialogWindowDisplay, OnlyAPictureTakesOpenGL) {

@@ -6,6 +6,7 @@
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/resize.hpp"
 #include "toolkit/messages/modal.hpp"
+#include "toolkit/windows/drawables.hpp"
 #include "toolkit/windows/gl_target.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
@@ -176,6 +177,7 @@ void unload(DialogRecord& dialog) {
     forget_focus(dialog);
     if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
     gl_forget_dialog(slot_of(dialog));
+    yygrforgetdialog(dialog.identifier);
     if (wDialog == slot_of(dialog)) wDialog = -1;
     destroy_widgets(dialog);
     free_images(dialog);

@@ -8,7 +8,8 @@
 namespace tesserakit {
 
 struct BitmapSlot {
-    Pixmap pixmap = 0;  ///< hBitmap, 0 when free
+    Pixmap pixmap = 0;         ///< hBitmap, 0 when free
+    Visual* visual = nullptr;  ///< that its pixels are of: the screen's, or OpenGL's
     Colormap colormap = 0;
     int depth = 0;
     int width = 0;  ///< pixels

@@ -4,6 +4,7 @@
 #include "toolkit/base/errors.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/bitmap_slots.hpp"
+#include "toolkit/windows/drawables.hpp"
 #include "toolkit/windows/gl_target.hpp"
 
 #include <algorithm>
@@ -25,8 +26,11 @@ void fill(const BitmapSlot& bitmap, Pixel pixel) {
 
 bool make(BitmapSlot& bitmap, int width, int height) {
     ErrorTrap trap;
-    bitmap = {
-        .colormap = yydisplay.colormap, .depth = yydisplay.depth, .width = width, .height = height};
+    bitmap = {.visual = yydisplay.visual,
+              .colormap = yydisplay.colormap,
+              .depth = yydisplay.depth,
+              .width = width,
+              .height = height};
     bitmap.pixmap =
         XCreatePixmap(yydisplay.display, yydisplay.root, static_cast<unsigned>(width),
                       static_cast<unsigned>(height), static_cast<unsigned>(yydisplay.depth));
@@ -54,6 +58,7 @@ void wbitmapdestroy(int handle) {
         return;
     }
     gl_forget_bitmap(handle);
+    yygrforgetbitmap(handle);
     free_bitmap(*bitmap_of(handle));
 }
 

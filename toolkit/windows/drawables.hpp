@@ -6,6 +6,9 @@
 
 #include <X11/Intrinsic.h>
 
+#include <cstdint>
+#include <vector>
+
 namespace tesserakit {
 
 enum class DrawableType { Nothing = 0, Window = 1, Bitmap = 2, Field = 3, Metafile = 4 };
@@ -16,6 +19,10 @@ struct SelectedDrawable {
     int dialog = 0;  ///< dialog identifier of a field
     int width = 0;   ///< pixels
     int height = 0;
+    // How the pixels of its X drawable read; 0 and null while it has none.
+    int depth = 0;
+    Visual* visual = nullptr;
+    Colormap colormap = 0;
 };
 extern SelectedDrawable drawable;
 
@@ -41,7 +48,15 @@ void yyi2e(int x, int y, float& gx, float& gy);
 
 /// Back to the current window, as after a failed igrselect.
 void yygrselectwindow(int window);
-/// Ends a selection whose window, dialog or bitmap goes away.
 void yygrselectnone();
+/// A bitmap or a dialog goes away: if it, or a field of it, is the selected drawable, nothing is.
+void yygrforgetbitmap(int handle);
+void yygrforgetdialog(int identifier);
+
+/// `rows` rows of the selected drawable from row `top` on (0 is the uppermost): red, green
+/// and blue of each pixel, 8 bits each, left to right, with nothing between the rows. Rows outside
+/// the drawable are left out; empty without a drawable, or when the server can't give it. Of a
+/// window or a field it is what the screen shows: parts under other windows are undefined.
+std::vector<std::uint8_t> yygrreadrows(int top, int rows);
 
 }  // namespace tesserakit

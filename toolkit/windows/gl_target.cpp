@@ -61,6 +61,7 @@ struct State {
     bool swaps = false;            // the drawable has a back buffer that is drawn to
     GLXPixmap gl_pixmap = 0;       // of a bitmap
     BitmapSlot original_bitmap{};  // put back when the bitmap is left
+    Colormap bitmap_colormap = 0;  // made for its OpenGL picture; 0 when it is the screen's
     std::vector<GlWidget> widgets;
     bool selected_before = false;
 };
@@ -98,6 +99,8 @@ void put_bitmap_back() {
         XFreePixmap(yydisplay.display, bitmap->pixmap);
         *bitmap = state.original_bitmap;
     }
+    if (state.bitmap_colormap != 0) XFreeColormap(yydisplay.display, state.bitmap_colormap);
+    state.bitmap_colormap = 0;
 }
 
 void leave_target() {
@@ -321,7 +324,7 @@ void undo(Selection& selection) {
 
 // After the context is current
 
-void adopt_bitmap(const Selection& selection) {
+void adopt_bitmap(Selection& selection) {
     BitmapSlot& bitmap = *bitmap_of(selection.number);
     XGCValues values{};
     values.foreground = wSchemeCol.white;
@@ -331,7 +334,11 @@ void adopt_bitmap(const Selection& selection) {
     XFreeGC(yydisplay.display, gc);
     state.original_bitmap = bitmap;
     bitmap.pixmap = selection.pixmap;
+    bitmap.visual = selection.visual->visual;
+    bitmap.colormap = selection.colormap;
     bitmap.depth = selection.visual->depth;
+    if (selection.colormap_owned) state.bitmap_colormap = selection.colormap;
+    selection.colormap_owned = false;
 }
 
 /// Tells the window manager whose colour maps to install for a top window.
@@ -457,10 +464,14 @@ void wglswapbuffers() {
     if (state.swaps) {
         glXSwapBuffers(yydisplay.display, state.drawable);
     } else {
-        glFinish();
-        // What X reads of the bitmap from here on is the finished picture.
-        glXWaitGL();
+        gl_finish();
     }
+}
+
+void gl_finish() {
+    if (!state.context) return;
+    glFinish();
+    glXWaitGL();
 }
 
 Widget gl_field_widget() {
