@@ -205,6 +205,22 @@ Rectangle window_titled(const std::string& title) {
     return area;
 }
 
+Rectangle frame_of(const std::string& title) {
+    Window window = shown_window(title);
+    Window top = 0;
+    Window parent = window;
+    while (parent != 0 && parent != root()) {
+        window = parent;
+        Window* children = nullptr;
+        unsigned count = 0;
+        if (!XQueryTree(display(), window, &top, &parent, &children, &count)) return {};
+        if (children) XFree(children);
+    }
+    XWindowAttributes attributes;
+    if (!XGetWindowAttributes(display(), window, &attributes)) return {};
+    return {attributes.x, attributes.y, attributes.width, attributes.height};
+}
+
 bool is_shown(const std::string& title) { return find(title) != 0; }
 
 std::string title_at(Point at) {

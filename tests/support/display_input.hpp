@@ -45,6 +45,8 @@ void type(const std::string& text);
 /// Where the content of the window of this title is, once it is shown; fails the test when it
 /// isn't within the deadline.
 Rectangle window_titled(const std::string& title);
+/// The same with what the window manager puts around it.
+Rectangle frame_of(const std::string& title);
 bool is_shown(const std::string& title);
 /// Title of the topmost window at a point; empty where there is none.
 std::string title_at(Point at);

@@ -69,6 +69,17 @@ TEST(WindowPlacement, DefaultsAreFourFifthsOfTheScreenInItsMiddle) {
     EXPECT_EQ(default_position(-4, 1024, 1280), -4);
 }
 
+TEST(WindowPlacement, TheFrameStaysOnTheScreen) {
+    EXPECT_EQ(largest_extent(1280, 24), 1256);
+    EXPECT_EQ(largest_extent(10, 24), 1);
+    EXPECT_EQ(position_on_screen(128, 1024, 24, 1280), 128);
+    EXPECT_EQ(position_on_screen(1200, 300, 24, 1280), 956);
+    EXPECT_EQ(position_on_screen(956, 300, 24, 1280), 956);
+    EXPECT_EQ(position_on_screen(-40, 300, 24, 1280), 0);
+    EXPECT_EQ(position_on_screen(-100, 2000, 24, 1280), 0)
+        << "too large: the title bar is in sight";
+}
+
 TEST(WindowPlacement, WindowsInsideAParentAreMeasuredInItsUnits) {
     EXPECT_EQ(inside_parent(window_centred, 0, 0, 9999, 1000, 500), (Box{100, 0, 800, 500}));
     EXPECT_EQ(inside_parent(5000, 2500, 1, 5000, 1000, 500), (Box{500, 125, 1, 250}));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "toolkit/base/display.hpp"
+#include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/records.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/drawables.hpp"
@@ -528,6 +529,19 @@ TEST(DialogWindowDisplay, ADialogFillsTheClientArea) {
     EXPECT_EQ(windowopenchild2({.dialog = main_dialog}), -5) << "loaded already";
     EXPECT_EQ(windowopenchild2({.flags = 16}, 0), -3) << "the parent carries a dialog";
     EXPECT_EQ(windowopenchild2({.dialog = 9876}), -1);
+}
+
+TEST(DialogWindowDisplay, WithALargeFontTheFrameStaysOnTheScreen) {
+    winitialise();
+    // As with a font with which the dialog is larger than the screen.
+    dialog_units = {2 * dialog_units.horizontal, 3 * dialog_units.vertical};
+    open_main();
+    const Rectangle frame = frame_of("Root");
+    EXPECT_GE(frame.x, 0);
+    EXPECT_GE(frame.y, 0);
+    EXPECT_LE(frame.x + frame.width, 1280);
+    EXPECT_LE(frame.y + frame.height, 1024);
+    EXPECT_GT(frame.height, 900) << "no smaller than need be";
 }
 
 TEST(DialogWindowDisplay, APictureFieldIsADrawableAndTellsThePointerInPixels) {

@@ -78,6 +78,12 @@ int default_position(int asked, int extent, int available) {
     return asked == window_centred ? (available - extent) / 2 : asked;
 }
 
+int largest_extent(int screen_extent, int frame) { return extent(screen_extent - frame); }
+
+int position_on_screen(int asked, int extent, int frame, int screen_extent) {
+    return std::max(std::min(asked, screen_extent - extent - frame), 0);
+}
+
 Box inside_parent(int x, int y, int width, int height, int parent_width, int parent_height) {
     const auto size = [](int asked, int available) {
         const int units = asked >= 1 ? asked : default_units_inside_parent;

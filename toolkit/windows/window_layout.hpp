@@ -50,6 +50,16 @@ int units_from_pixels(int pixels, int size);
 int default_extent(int asked, int screen_extent);
 /// Position on the screen (or in a parent of that extent): as asked, or centred.
 int default_position(int asked, int extent, int available);
+/// Room for what a window manager puts around a window; it can't be known before the window is
+/// shown. The title bar is in the height.
+inline constexpr int frame_width = 24;
+inline constexpr int frame_height = 56;
+/// Largest content of a window whose frame stays on the screen.
+int largest_extent(int screen_extent, int frame);
+/// The position nearest to the asked one at which window and frame are on the screen: the frame's
+/// position. A window that is too large has its left upper corner there, with the title bar.
+int position_on_screen(int asked, int extent, int frame, int screen_extent);
+
 /// Size and position inside a parent, in 1/9999 of its extent; sizes below 1 stand for 8000.
 Box inside_parent(int x, int y, int width, int height, int parent_width, int parent_height);
 

@@ -158,11 +158,23 @@ Plan plan_on_screen(const WindowRequest& request) {
     plan.client.width = default_extent(request.width, yydisplay.width);
     plan.client.height = default_extent(request.height, yydisplay.height);
     if (request.dialog != 0) plan_dialog(plan, request.dialog);
-    const Surroundings around = surroundings_of(request, plan.client.width);
-    plan.client.x =
-        default_position(request.x, plan.client.width + around.horizontal(), yydisplay.width);
-    plan.client.y =
-        default_position(request.y, plan.client.height + around.vertical(), yydisplay.height);
+    Box& client = plan.client;
+    // A large font makes a dialog larger than the screen: one that can do with less gets less.
+    const bool shrinks = (plan.flags & WindowFixedSize) == 0;
+    Surroundings around = surroundings_of(request, client.width);
+    const int most = largest_extent(yydisplay.width, frame_width);
+    if (shrinks && client.width + around.horizontal() > most) {
+        client.width = std::max(most - around.horizontal(), 1);
+        around = surroundings_of(request, client.width);
+    }
+    const int tallest = largest_extent(yydisplay.height, frame_height);
+    if (shrinks) client.height = std::min(client.height, std::max(tallest - around.vertical(), 1));
+    const int width = client.width + around.horizontal();
+    const int height = client.height + around.vertical();
+    client.x = position_on_screen(default_position(request.x, width, yydisplay.width), width,
+                                  frame_width, yydisplay.width);
+    client.y = position_on_screen(default_position(request.y, height, yydisplay.height), height,
+                                  frame_height, yydisplay.height);
     return plan;
 }
 
