@@ -1,5 +1,6 @@
 // Files through the reader, the real units and the writer.
 #include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "crystal/symmetry_tables/rows.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
 #include "scene/wcfgl_geometry.hpp"
@@ -16,9 +17,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -296,6 +299,70 @@ TEST(RoundTrip, AViewSavedTwiceIsTheSameView) {
         // negative are one view.
         const float sign = again[0] * view[0] < 0.0f ? -1.0f : 1.0f;
         for (std::size_t i = 0; i < 4; ++i) ASSERT_NEAR(sign * again[i], view[i], 1.5e-5f) << text;
+    }
+}
+
+/// What a file makes of the group, the atoms and the bonds.
+struct Contents {
+    std::set<std::string> operators;
+    std::vector<std::multiset<std::array<long, 3>>> atoms;  ///< places in thousandths
+    std::size_t bonds = 0;
+    bool operator==(const Contents&) const = default;
+};
+
+/// No place of the atoms below lies near the middle between two.
+long thousandth(float x) { return std::lround(x * 1000.0f) % 1000; }
+
+Contents contents() {
+    Contents found;
+    const auto& group = *wcfgl_metrix::current_space_group;
+    for (int i = 0; i < group.multip && i < 192; ++i)
+        found.operators.emplace(group.sym_op_text[static_cast<std::size_t>(i)].trimmed());
+    for (const char* label : {"A", "B", "C"}) {
+        std::vector<wcfgl_glatom::Atom> atoms;
+        wcfgl_atom_tree::search_atom_list_by_label(std::string_view(label), atoms);
+        for (const wcfgl_glatom::Atom& atom : atoms) {
+            std::multiset<std::array<long, 3>> places;
+            for (const Vector3f& x : atom.xf_eq)
+                places.insert({thousandth(x[0]), thousandth(x[1]), thousandth(x[2])});
+            found.atoms.push_back(places);
+        }
+    }
+    std::vector<wcfgl_glbond::Bond> bonds;
+    wcfgl_bond_tree::search_bond_list_by_label(std::string_view("A"), bonds);
+    for (const auto& bond : bonds) found.bonds += bond.xf.size();
+    return found;
+}
+
+/// The group as a file tells it, with atoms on axes, on planes and off them.
+Contents contents_with(const std::string& group_lines) {
+    read_text(group_lines +
+              "CELL 5 6 7 90 90 90\nBOX 0 1 0 1 0 1\nATOM A O 0.3333 0.6667 .25\n"
+              "ATOM B O 0 0.1667 .0833\nATOM C O .1234 .2468 .3706\nBOND A B 0 1.5\n");
+    return contents();
+}
+
+TEST(WholeTable, EveryGroupIsTheSameAfterSavingHoweverItWasTold) {
+    // Thousands of savings: none waits for a disk where there is a file system in memory.
+    if (std::filesystem::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 1);
+    for (const symmetry_tables::SpgrRow& row : symmetry_tables::spgr_rows()) {
+        const Contents by_hall = contents_with("SPACEG " + std::string(row.hall.trimmed()) + "\n");
+        std::string generators;
+        for (const std::string& op : by_hall.operators) generators += "GENR " + op + "\n";
+        for (const std::string& told :
+             {"SPACEG " + std::string(row.hall.trimmed()) + "\n",
+              "SPACEG " + std::string(row.hm.trimmed()) + "\n", generators}) {
+            SCOPED_TRACE(told);
+            const Contents before = contents_with(told);
+            // A symbol of several settings is the first of them.
+            const bool by_symbol = told == "SPACEG " + std::string(row.hm.trimmed()) + "\n";
+            ASSERT_TRUE(by_symbol || before.operators == by_hall.operators);
+            const std::string saved = written(wcfgl_quaternion::identity);
+            read_text(saved);
+            ASSERT_EQ(contents().operators, before.operators) << saved;
+            ASSERT_TRUE(contents() == before) << saved;
+            ASSERT_EQ(written(wcfgl_quaternion::identity), saved);
+        }
     }
 }
 
