@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "toolkit/base/display.hpp"
+#include "toolkit/base/colours.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/build.hpp"
@@ -732,6 +733,34 @@ TEST_F(DialogsDisplay, ATrackbarMovesByItsLineAndItsPage) {
     }
 }
 
+TEST_F(DialogsDisplay, ADisabledTrackbarIsQuieterAndStands) {
+    show(117);
+    wdialogfieldstate(1175, FieldDisabled);
+    drain();
+    const auto contrast = [](int identifier) {
+        const Box& box = field(117, identifier).box;
+        const Point corner = spot(117, identifier, -box.width / 2, -box.height / 2);
+        long sum = 0;
+        for (const unsigned pixel : pixels({corner.x, corner.y, box.width, box.height}))
+            sum += std::abs(static_cast<long>(pixel & 0xff) -
+                            static_cast<long>(wSchemeCol.background & 0xff));
+        return sum;
+    };
+    EXPECT_LT(2 * contrast(1175), contrast(1171));
+    click(spot(117, 1175, 20));
+    key("Right");
+    expect_move(117, 1171, 1171);  // the focus hasn't moved
+    int value = 0;
+    wdialoggettrackbar(1175, value);
+    EXPECT_EQ(value, 0);
+    wdialogfieldstate(1175, FieldEnabled);
+    click(spot(117, 1175, 20));
+    poll_until([&] {
+        wdialoggettrackbar(1175, value);
+        return value > 0;
+    });
+}
+
 TEST_F(DialogsDisplay, AListIsFullAndShowsItsSelection) {
     std::vector<std::string> atoms;
     for (int i = 1; i <= 60; ++i) atoms.push_back("Fe" + std::to_string(i));
@@ -974,4 +1003,18 @@ TEST(DialogsDisplayFonts, GreekLettersGrowWithTheDialogFont) {
     XtVaGetValues(gamma.widget, XmNrenderTable, &table, nullptr);
     const CompoundText text(gamma.text);
     EXPECT_EQ(XmStringHeight(table, text.get()), wFonts.dialog.height());
+}
+
+TEST(DialogsDisplayFonts, SmallPicturesGrowByAWholeNumber) {
+    const TempDirectory folder;
+    ::setenv("XENVIRONMENT", folder.file("resources", "Tess*dialogFont: Sans-20\n").c_str(), 1);
+    winitialise();
+    windowopen2({.dialog = 101, .title = "Root"});
+    for (const int identifier : {1002, 1003, 1004, 1005, 1208}) {
+        const FieldRecord& button = field(101, identifier);
+        EXPECT_EQ(button.image.width % 16, 0);
+        EXPECT_EQ(button.image.width, button.image.height);
+        EXPECT_GE(button.image.width, 32);
+        EXPECT_LT(button.image.width, button.box.width - 4);
+    }
 }

@@ -41,7 +41,7 @@ bool has_direct_colours() {
     return visual.red_mask != 0 && visual.green_mask != 0 && visual.blue_mask != 0;
 }
 
-XImage* shrunk(XImage* from, int width, int height) {
+XImage* scaled(XImage* from, int width, int height) {
     const auto depth = static_cast<unsigned>(from->depth);
     // Xlib frees the data with XDestroyImage; 4 bytes are enough for any pixel.
     char* data = XtMalloc(static_cast<Cardinal>(4 * width * height));
@@ -61,20 +61,32 @@ XImage* shrunk(XImage* from, int width, int height) {
     return to;
 }
 
+struct Size {
+    int width;
+    int height;
+};
+
+Size fitting_size(const ResourcePixmap& image, int width, int height) {
+    // Enlarged by a whole number, every pixel stays a square.
+    const int factor = std::min(width / image.width, height / image.height);
+    if (factor >= 1) return {factor * image.width, factor * image.height};
+    // The side that is too large by more decides.
+    if (image.width * height > image.height * width)
+        return {width, std::max(1, image.height * width / image.width)};
+    return {std::max(1, image.width * height / image.height), height};
+}
+
 }  // namespace
 
-void shrink_to_fit(ResourcePixmap& image, int width, int height) {
+void scale_to_fit(ResourcePixmap& image, int width, int height) {
     if (!image.pixmap || width < 1 || height < 1) return;
-    if (image.width <= width && image.height <= height) return;
-    // The side that is too large by more decides.
-    const bool by_width = image.width * height > image.height * width;
-    const int new_width = by_width ? width : std::max(1, image.width * height / image.height);
-    const int new_height = by_width ? std::max(1, image.height * width / image.width) : height;
+    const auto [new_width, new_height] = fitting_size(image, width, height);
+    if (new_width == image.width && new_height == image.height) return;
     Display* const display = yydisplay.display;
     XImage* from = XGetImage(display, image.pixmap, 0, 0, static_cast<unsigned>(image.width),
                              static_cast<unsigned>(image.height), AllPlanes, ZPixmap);
     if (!from) return;
-    XImage* to = shrunk(from, new_width, new_height);
+    XImage* to = scaled(from, new_width, new_height);
     const Pixmap pixmap =
         XCreatePixmap(display, image.pixmap, static_cast<unsigned>(new_width),
                       static_cast<unsigned>(new_height), static_cast<unsigned>(yydisplay.depth));

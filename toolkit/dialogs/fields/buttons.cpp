@@ -14,7 +14,8 @@ namespace {
 
 bool shows_image(FieldRecord& field) {
     if (!field.has_style(field_style::picture)) return false;
-    load_image(field);
+    constexpr int frame = 4;  // shadow, highlight and some room
+    load_image(field, frame);
     return field.image.pixmap != 0;
 }
 

@@ -82,11 +82,12 @@ void wdialogputtrackbar(int identifier, int value, std::optional<int> minimum,
 
 namespace {
 
-/// Motif draws dots in the background's colour over a bar that is insensitive: in the darker trough
-/// they stand out more than a bar that can be moved.
+/// Motif draws dense dots over a bar that is insensitive, which stand out more than a bar that can
+/// be moved. Here it only can't be moved, and its trough is the background's.
 void grey_trackbar(FieldRecord& field, bool greyed) {
-    XtSetSensitive(field.widget, greyed ? False : True);
-    XtVaSetValues(field.focus_widget, XmNtroughColor,
+    const Boolean moves = greyed ? False : True;
+    XtVaSetValues(field.widget, XmNeditable, moves, nullptr);
+    XtVaSetValues(field.focus_widget, XmNtraversalOn, moves, XmNtroughColor,
                   greyed ? wSchemeCol.background : wSchemeCol.select, nullptr);
 }
 

@@ -51,14 +51,14 @@ Widget create_border(FieldRecord& field, bool with_line) {
     return args.create("border", borderWidgetClass, field.dialog->widget);
 }
 
-void load_image(FieldRecord& field) {
+void load_image(FieldRecord& field, int frame) {
     field.image = yyResourceLoadImage(field.identifier, image_kind::bitmap, true);
     if (field.image.status != 0)
         field.image = yyResourceLoadImage(field.identifier, image_kind::icon, true);
     if (field.image.status != 0)
         field.image.pixmap = 0;
     else
-        shrink_to_fit(field.image, field.box.width, field.box.height);
+        scale_to_fit(field.image, field.box.width - 2 * frame, field.box.height - 2 * frame);
 }
 
 void underline_mnemonic(const FieldRecord& field, Arguments& args) {

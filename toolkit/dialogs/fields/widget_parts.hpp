@@ -23,7 +23,8 @@ std::string label_text(const FieldRecord& field);
 void put_label_text(FieldRecord& field, const std::string& text);
 /// The frame that the style words ask for.
 Widget create_border(FieldRecord& field, bool with_line);
-/// The picture of the field's identifier, shrunk into it; no pixmap where there is none.
-void load_image(FieldRecord& field);
+/// The picture of the field's identifier, scaled into it inside a frame; no pixmap where there is
+/// none.
+void load_image(FieldRecord& field, int frame = 0);
 
 }  // namespace tesserakit
