@@ -46,6 +46,13 @@ bool names_a_group(std::string_view symbol) {
     return !crystallographic_symmetry::err_symm;
 }
 
+/// Atoms follow the group in the next frame, but this one's multiplicity is shown at once: a
+/// position that is set is expanded by the group there is.
+void recount_selected_atom() {
+    const int atom = selected_atom();
+    wcfgl_atom_tree::modify_atom(atom, {.xf = wcfgl_atom_tree::get_atom_info(atom).xf});
+}
+
 /// The grid of generators is a view in either case. A symbol that names no group makes the model
 /// P 1, and the dialog says so instead of showing P 1 as if it had been typed.
 void get_space_group() {
@@ -59,6 +66,7 @@ void get_space_group() {
         set_spacegroup_fields();
     else
         set_failed_group_fields();
+    recount_selected_atom();
     set_atom_field();
 }
 

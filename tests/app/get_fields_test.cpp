@@ -87,6 +87,18 @@ TEST_F(GetFields, ASymbolThatNamesNoGroupIsToldAndMakesTheModelP1) {
     EXPECT_EQ(text({dialog::space_group, field::symbol}), "P 1");
 }
 
+TEST_F(GetFields, TheSelectedAtomShowsItsMultiplicityInTheNewGroup) {
+    two_atoms();
+    dialog_record::set({dialog::atoms, field::atom_list}, 1);
+    dialog_record::type({dialog::space_group, field::symbol}, "P m m m");
+    get_values(dialog::space_group);
+    EXPECT_EQ(text({dialog::atom_position, field::atom_label}), "Fe1");
+    EXPECT_EQ(text({dialog::atom_position, field::atom_multiplicity}), "8");
+    wcfgl_display::display();
+    set_atom_field();
+    EXPECT_EQ(text({dialog::atom_position, field::atom_multiplicity}), "8");
+}
+
 // As people write them.
 TEST_F(GetFields, SymbolsMayBeTypedWithoutBlanks) {
     for (const auto& [typed, number] : {std::pair{"P21/c", 14}, std::pair{"Fm-3m", 225}}) {
