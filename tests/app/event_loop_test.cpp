@@ -80,6 +80,7 @@ TEST_F(EventLoop, MovesThatWaitShareAFrame) {
     // The first, the last, and one for each 40 ms that the moves may have taken.
     EXPECT_LE(frames(), 2 + took / std::chrono::milliseconds(40));
     EXPECT_LT(frames(), moves / 4);
+    EXPECT_THAT(dialog_record::waits(), SizeIs(0)) << "a frame that is due isn't waited for";
 }
 
 TEST_F(EventLoop, MovesWithoutEndAreShownEvery40Milliseconds) {
@@ -119,6 +120,7 @@ TEST_F(EventLoop, TheSizeOfThePictureIsTakenOverWhenItMayHaveChanged) {
     for (const int type : {ExposeMessage, Resize}) {
         wcfgl_display::current_screen_width = wcfgl_display::current_screen_height = 1;
         dialog_record::clear_calls();
+        wdialogselect(dialog::lamp);  // as a dialog that has just been opened is
         post(type, {.WIN = dialog::lamp});
         run();
         EXPECT_EQ(wcfgl_display::current_screen_width, dialog_record::drawable_width);

@@ -33,7 +33,9 @@ TEST(StartProgram, OpensTheWindowShowsTheSplashAndTurnsMessagesOn) {
     EXPECT_EQ(wcfgl_display::current_screen_height, dialog_record::drawable_height);
     EXPECT_EQ(dialog_record::current_dialog(), dialog::main);
     EXPECT_EQ(text({dialog::main, field::information}), "");
-    EXPECT_EQ(dialog_record::value({dialog::material, field::shininess}), wcfgl_display::shininess);
+    EXPECT_EQ(dialog_record::value({dialog::material, field::shininess}), 80);
+    EXPECT_EQ(text({dialog::lamp, field::lamp_position[2]}), "50.0000");
+    EXPECT_EQ(dialog_record::value({dialog::moment, field::moment_head_width}), 27);
 }
 
 TEST(StartProgram, AFileFillsTheDialogsAndTurnsTheModel) {
