@@ -11,11 +11,15 @@
 
 #include <X11/Xutil.h>
 #include <Xm/Xm.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
+#include <string>
+#include <vector>
 
 using namespace tesserakit;
 using namespace display_input;
@@ -107,6 +111,62 @@ TEST(StartDisplay, TheMiddleButtonStartsNoDrag) {
     drain();
     alarm(0);
     release(2);
+}
+
+namespace {
+
+/// An X server of its own kind, without a window manager.
+class OtherServer {
+public:
+    explicit OtherServer(std::vector<const char*> arguments) {
+        arguments.insert(arguments.begin(), {"Xvfb", "-displayfd", "3", "-nolisten", "tcp"});
+        arguments.push_back(nullptr);
+        int ends[2];
+        if (pipe(ends) != 0) return;
+        process_ = fork();
+        if (process_ == 0) {
+            dup2(ends[1], 3);
+            execvp("Xvfb", const_cast<char**>(arguments.data()));
+            _exit(127);
+        }
+        close(ends[1]);
+        char digit = 0;
+        while (read(ends[0], &digit, 1) == 1 && digit != '\n') name_ += digit;
+        close(ends[0]);
+        setenv("DISPLAY", name_.c_str(), 1);
+    }
+    ~OtherServer() {
+        kill(process_, SIGTERM);
+        waitpid(process_, nullptr, 0);
+    }
+    OtherServer(const OtherServer&) = delete;
+    OtherServer& operator=(const OtherServer&) = delete;
+    bool runs() const { return name_.size() > 1; }
+
+private:
+    pid_t process_ = -1;
+    std::string name_ = ":";
+};
+
+}  // namespace
+
+TEST(WithoutOpenGLDisplay, OneLineSaysWhatIsMissing) {
+    for (const std::vector<const char*>& arguments :
+         {std::vector<const char*>{"-screen", "0", "800x600x24", "-extension", "GLX"},
+          std::vector<const char*>{"-screen", "0", "800x600x8"}}) {
+        const OtherServer server(arguments);
+        ASSERT_TRUE(server.runs());
+        EXPECT_EXIT(
+            {
+                windowopen2({.width = 300, .height = 200});
+                wglselect(1, 0, 2);
+                const int error = infoerror(1);
+                wglselect(1, 0, 2);
+                wglswapbuffers();
+                std::_Exit(error == 1035 ? 0 : 1);
+            },
+            testing::ExitedWithCode(0), "^No OpenGL: the X display has no [^\n]*\n$");
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Locales, LocaleDisplay,

@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <vector>
 
 namespace tesserakit {
@@ -64,6 +65,7 @@ struct State {
     Colormap bitmap_colormap = 0;  // made for its OpenGL picture; 0 when it is the screen's
     std::vector<GlWidget> widgets;
     bool selected_before = false;
+    bool told_missing = false;  // once a run
 };
 State& state = *new State;
 
@@ -119,6 +121,10 @@ void leave_target() {
 
 // Choosing a visual
 
+/// A round trip: a server that has gone ends the program here, with its message. The OpenGL library
+/// would crash on the answers that don't come.
+void meet_server() { XSync(yydisplay.display, False); }
+
 XVisualInfo* choose(bool rgba, bool doubled, bool depth) {
     std::array<int, 12> list{};
     std::size_t n = 0;
@@ -132,6 +138,7 @@ XVisualInfo* choose(bool rgba, bool doubled, bool depth) {
             put(GLX_RED_SIZE), put(1), put(GLX_GREEN_SIZE), put(1), put(GLX_BLUE_SIZE), put(1);
     }
     put(None);
+    meet_server();
     return glXChooseVisual(yydisplay.display, yydisplay.screen_number, list.data());
 }
 
@@ -419,8 +426,32 @@ bool valid(const Selection& selection) {
     return false;
 }
 
+/// What a user can do something about: the display lacks it, and the view stays empty.
+void tell_what_is_missing(int status) {
+    if (state.told_missing) return;
+    switch (status) {
+        case NoExtension:
+            std::fputs("No OpenGL: the X display has no GLX extension.\n", stderr);
+            break;
+        case NoVisual:
+            std::fprintf(stderr,
+                         "No OpenGL: the X display has no visual for it (the screen's depth is %d; "
+                         "24 is usual).\n",
+                         yydisplay.depth);
+            break;
+        case NoContext:
+        case NotCurrent:
+            std::fputs("No OpenGL: the X display refuses a rendering context.\n", stderr);
+            break;
+        default:
+            return;
+    }
+    state.told_missing = true;
+}
+
 int build(Selection& selection) {
     if (!valid(selection)) return InvalidTarget;
+    meet_server();
     if (!glXQueryExtension(yydisplay.display, nullptr, nullptr)) return NoExtension;
     if (const int status = choose_visual(selection); status != Good) return status;
     make_colormap(selection);
@@ -436,6 +467,7 @@ int yyglselect(Selection& selection) {
         adopt(selection);
     } else {
         undo(selection);
+        tell_what_is_missing(status);
     }
     if (selection.colormap_owned) XFreeColormap(yydisplay.display, selection.colormap);
     if (selection.visual) XFree(selection.visual);
