@@ -3,10 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include "toolkit/base/display.hpp"
 #include "toolkit/base/colours.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/fields/buttons.hpp"
 #include "toolkit/dialogs/fields/combo.hpp"
@@ -17,10 +18,12 @@
 #include "toolkit/dialogs/show.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/widgets/combo.hpp"
+#include "toolkit/widgets/progress.hpp"
 #include "toolkit/widgets/spin.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
 #include <Xm/List.h>
+#include <Xm/Text.h>
 
 #include <algorithm>
 #include <clocale>
@@ -120,6 +123,17 @@ bool use_comma_locale(const TempDirectory& folder) {
                              folder.name("comma") + " 2>/dev/null";
     ::setenv("LOCPATH", folder.path().c_str(), 1);
     return std::system(make.c_str()) >= 0 && std::setlocale(LC_ALL, "comma");
+}
+
+/// A dialog whose records are changed before it has widgets: for kinds of field that no dialog of
+/// the block has.
+template <class Change>
+void load_changed(int dialog, Change change) {
+    DialogRecord& loaded = dialog_slot(50);
+    load_records(loaded, dialog);
+    change(loaded);
+    create_widgets(loaded, nullptr);
+    wdialogselect(dialog);
 }
 
 bool overlap(const Box& a, const Box& b) {
@@ -428,6 +442,47 @@ TEST_F(DialogsDisplay, TypingBehindTheTabKeyReplacesTheText) {
     EXPECT_EQ(text_of(103, 1017), "3");
 }
 
+TEST_F(DialogsDisplay, APasswordShowsAsterisks) {
+    load_changed(32103, [](DialogRecord& dialog) {
+        find_field(dialog, 1002)->style |= field_style::password;
+    });
+    show(32103);
+    type("abc");
+    key("BackSpace");
+    poll_until([] { return text_of(32103, 1002) == "ab"; });
+    EXPECT_EQ(taken(XmTextGetString(field(32103, 1002).widget)), "**");
+}
+
+TEST_F(DialogsDisplay, ControlReturnBreaksTheLineOfAMultiLineText) {
+    load_changed(32103, [](DialogRecord& dialog) {
+        find_field(dialog, 1002)->style |= field_style::multi_line;
+    });
+    show(32103);
+    type("a");
+    key("ctrl+Return");
+    type("b");
+    poll_until([] { return text_of(32103, 1002) == "a\nb"; });
+    key("Return");
+    expect_button(32103, 1);
+}
+
+TEST_F(DialogsDisplay, AProgressBarKeepsItsValueInsideItsRange) {
+    load_changed(
+        32103, [](DialogRecord& dialog) { find_field(dialog, 1001)->type = FieldType::Progress; });
+    const auto shown = [] {
+        int value = 0;
+        XtVaGetValues(field(32103, 1001).widget, progressNvalue, &value, nullptr);
+        return value;
+    };
+    wdialogputprogressbar(1001, 200);
+    EXPECT_EQ(shown(), 100);
+    wdialograngeprogressbar(1001, 10, 10);
+    EXPECT_EQ(infoerror(1), 1013);
+    wdialograngeprogressbar(1001, 200, 300);
+    wdialogputprogressbar(1001, 5);
+    EXPECT_EQ(shown(), 200);
+}
+
 TEST_F(DialogsDisplay, HelpIsAskedForTheFieldWithTheFocus) {
     show(103);
     wdialogsetfield(1017);
@@ -441,15 +496,14 @@ TEST_F(DialogsDisplay, HelpIsAskedForTheFieldWithTheFocus) {
 
 TEST_F(DialogsDisplay, TheLetterOfAMnemonicIsUnderlined) {
     const auto ink = [](int style) {
-        DialogRecord& dialog = dialog_slot(50);
-        load_records(dialog, 103);
-        FieldRecord& label = *find_field(dialog, 1014);
-        label.text = "Xmin";
-        label.underlined = style;
-        create_widgets(dialog, nullptr);
-        wdialogselect(103);
+        load_changed(103, [style](DialogRecord& dialog) {
+            FieldRecord& label = *find_field(dialog, 1014);
+            label.text = "Xmin";
+            label.underlined = style;
+        });
         wdialogshow();
-        window_titled(dialog.title);
+        window_titled("Box limits...");
+        const FieldRecord& label = field(103, 1014);
         const Point corner = spot(103, 1014, -label.box.width / 2, -label.box.height / 2);
         drain();
         const auto colours = pixels({corner.x, corner.y, label.box.width, label.box.height});
@@ -889,6 +943,31 @@ TEST_F(DialogsDisplay, ArrowKeysChangeThePageOfATabAndTheCellOfAGrid) {
     EXPECT_EQ(message.VALUE2, 1012);
     EXPECT_EQ(message.X, (1 << 18) | 1) << "first row";
     EXPECT_EQ(message.Y, (2 << 18) | 1) << "second row";
+    EXPECT_EQ(message.VALUE3, 0) << "a move";
+}
+
+TEST_F(DialogsDisplay, TypingEditsTheCellOfAGridUnlessItIsReadOnly) {
+    show(102);
+    wgridrows(1012, 3);
+    wgridputcellstring(1012, 1, 1, "x,y");
+    wdialogsetfield(1012);
+    drain();
+    const auto cell = [] {
+        std::string text;
+        wgridgetcellstring(1012, 1, 1, text);
+        return text;
+    };
+    key("z");
+    EXPECT_EQ(wait_for(FieldChanged).VALUE3, -1) << "no move";
+    EXPECT_EQ(cell(), "x,yz");
+    key("BackSpace");
+    wait_for(FieldChanged);
+    EXPECT_EQ(cell(), "x,y");
+    wdialogfieldstate(1012, FieldReadOnly);
+    key("z");
+    settle();
+    drain();
+    EXPECT_EQ(cell(), "x,y");
 }
 
 TEST_F(DialogsDisplay, AModalDialogReturnsItsButton) {

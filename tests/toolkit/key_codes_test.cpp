@@ -58,6 +58,7 @@ TEST(KeyCodes, EditingAndKeypadKeys) {
     EXPECT_EQ(plain(XK_BackSpace), 8);
     EXPECT_EQ(plain(XK_Return), 13);
     EXPECT_EQ(plain(XK_Escape), 27);
+    EXPECT_EQ(plain(XK_Delete), 127);
     EXPECT_EQ(plain(XK_KP_Delete), 127);
     EXPECT_EQ(plain(XK_Find), 270);
     EXPECT_EQ(plain(XK_KP_End), 271);
