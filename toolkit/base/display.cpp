@@ -10,12 +10,14 @@
 #include <Xm/Xm.h>
 
 #include <poll.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace tesserakit {
 
@@ -58,11 +60,7 @@ int yyXLibErrorEH(Display* display, XErrorEvent* event) {
     return 0;
 }
 
-/// The server is gone: nothing of X or OpenGL may be called any more, exit handlers included.
-[[noreturn]] int lost_display(Display*) {
-    std::fputs("Lost connection to the X display.\n", stderr);
-    std::_Exit(EXIT_FAILURE);
-}
+[[noreturn]] int lost_display(Display*) { end_without_display(); }
 
 /// Xt's language procedure. Xt's own would take all of the locale, its decimal comma included.
 String follow_locale(Display*, String language, XtPointer) {
@@ -84,6 +82,13 @@ void quiet_warning(String message) {
 }
 
 }  // namespace
+
+void end_without_display() {
+    constexpr std::string_view message = "Lost connection to the X display.\n";
+    // Nothing is left to do when it can't be written.
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, message.data(), message.size());
+    std::_Exit(EXIT_FAILURE);
+}
 
 void yygetdisplayinfo() {
     XtToolkitInitialize();

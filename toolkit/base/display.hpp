@@ -33,6 +33,10 @@ extern DisplayInfo yydisplay;
 /// display.
 void yygetdisplayinfo();
 
+/// The server is gone: says so and ends the program. Nothing of X or OpenGL may be called any more,
+/// exit handlers included. May be called from a signal handler.
+[[noreturn]] void end_without_display();
+
 /// Catches X errors instead of the report to the debug output: while a trap stands, the first
 /// error's code is kept. Traps nest.
 class ErrorTrap {

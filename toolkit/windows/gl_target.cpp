@@ -19,9 +19,11 @@
 #include <GL/glx.h>
 #include <X11/StringDefs.h>
 #include <X11/Xutil.h>
+#include <poll.h>
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <vector>
 
@@ -125,6 +127,33 @@ void leave_target() {
 /// would crash on the answers that don't come.
 void meet_server() { XSync(yydisplay.display, False); }
 
+/// While it stands, a crash inside the OpenGL library ends the program with the message of a lost
+/// display if that is what happened. The library starts its driver in its first calls, which takes
+/// a while, and reads answers without looking whether they came.
+class DriverStart {
+public:
+    DriverStart() {
+        connection = ConnectionNumber(yydisplay.display);
+        struct sigaction action {};
+        action.sa_handler = crashed;
+        sigaction(SIGSEGV, &action, &former_);
+    }
+    ~DriverStart() { sigaction(SIGSEGV, &former_, nullptr); }
+    DriverStart(const DriverStart&) = delete;
+    DriverStart& operator=(const DriverStart&) = delete;
+
+private:
+    static void crashed(int) {
+        pollfd server{connection, POLLIN, 0};
+        if (poll(&server, 1, 0) > 0 && (server.revents & (POLLHUP | POLLERR)) != 0)
+            end_without_display();
+        // A crash of its own: on return it happens again, and ends the program as it would have.
+        std::signal(SIGSEGV, SIG_DFL);
+    }
+    static inline int connection = -1;
+    struct sigaction former_ {};
+};
+
 XVisualInfo* choose(bool rgba, bool doubled, bool depth) {
     std::array<int, 12> list{};
     std::size_t n = 0;
@@ -139,6 +168,7 @@ XVisualInfo* choose(bool rgba, bool doubled, bool depth) {
     }
     put(None);
     meet_server();
+    const DriverStart start;
     return glXChooseVisual(yydisplay.display, yydisplay.screen_number, list.data());
 }
 
@@ -187,6 +217,7 @@ void make_colormap(Selection& selection) {
 
 GLXContext create_context(XVisualInfo* visual, GLXContext share, bool direct) {
     ErrorTrap trap;
+    const DriverStart start;
     const GLXContext context =
         glXCreateContext(yydisplay.display, visual, share, direct ? True : False);
     return trap.error() == 0 ? context : nullptr;
