@@ -1,9 +1,10 @@
 /// What the lists of the scene cost, with a silent double of OpenGL: distances tried for a bond,
 /// the way from a file to the bonds of its cell (beside gemmi's, where that is installed), moments,
-/// spheres, and a pass of the continuous reading. Times are processor time, so that other programs
-/// count little.
+/// spheres, and passes of the continuous reading: one, one of a long file, and many. Times are
+/// processor time, so that other programs count little.
 ///
 ///     lists_bench
+#include "bench/commands.hpp"
 #include "common/number_field.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
@@ -338,17 +339,50 @@ void bench_spheres(const TempDirectory& folder) {
 }
 
 /// What the idle loop does at each pass: read, set the dialog's box, draw.
+void pass_over(const std::string& file) {
+    read(file);
+    define_box_of(1);
+    wcfgl_display::display();
+}
+
+/// Time for each line of files that grow.
+void bench_long_files(const TempDirectory& folder) {
+    std::printf("a pass over a file of ATOM lines (goal: the same a line within 25 %%)\n");
+    for (const int n : {960, 1920, 3840}) {
+        std::string text = "SPACEG P 1\nCELL 50 50 50 90 90 90\nBOX 0 1 0 1 0 1\n";
+        for (int line = 0; line < n; ++line) text += "ATOM C1 C 0.51 0.52 0.53\n";
+        const std::string file = folder.file("long.gwr", text);
+        const double seconds = least_seconds_of([&] { pass_over(file); });
+        std::printf("  %4d lines: %8.1f us, %.3f us a line\n", n, 1e6 * seconds, 1e6 * seconds / n);
+    }
+}
+
+/// Nothing may pile up from pass to pass.
+void bench_many_passes(const TempDirectory& folder) {
+    constexpr int passes = 100'000, part = 1000;
+    std::printf("%d passes over one file, the first and the last thousand\n", passes);
+    const std::string file =
+        folder.file("passes.gwr", structure_file(shaken_grid("P 1", {2, 2, 2}, {1, 1, 1}, 90), 2) +
+                                      "{\nK 0 0 0.5\nSYMM x,y,z\nMSYM u,v,w,0\n"
+                                      "MATOM Fe1 Fe .5 .5 .5\nSKP 1 1 1 0 0 0 0 0 0\n}\n");
+    double start = processor_seconds();
+    for (int pass = 0; pass < passes; ++pass) {
+        if (pass == passes - part) start = processor_seconds();
+        pass_over(file);
+        if (pass != part - 1 && pass != passes - 1) continue;
+        std::printf("  %6.2f us a pass, %zu names of lists, %ld kB\n",
+                    1e6 * (processor_seconds() - start) / part, gl_silent::names(),
+                    bench::resident_kilobytes());
+    }
+}
+
 void bench_passes(const TempDirectory& folder) {
     std::printf("a pass of the continuous reading, 50 atoms and 4 rules (goal: 500 us)\n");
     for (const Structure& structure : {shaken_grid("P 1", {5, 5, 2}, {1, 1, 1}, 90.0f),
                                        shaken_grid("P 21/c", {5, 2, 5}, {1, 4, 1}, 90.0f)}) {
         const std::string file = folder.file("pass.gwr", structure_file(structure, 4));
         const double reading = least_seconds_of([&] { read(file); });
-        const double whole = least_seconds_of([&] {
-            read(file);
-            define_box_of(1);
-            wcfgl_display::display();
-        });
+        const double whole = least_seconds_of([&] { pass_over(file); });
         std::printf("  %-8s %6.1f us to read, %6.1f us with the box and the frame\n",
                     structure.group, 1e6 * reading, 1e6 * whole);
     }
@@ -363,6 +397,8 @@ int main() {
     bench_reading(folder);
     bench_moments();
     bench_passes(folder);
+    bench_long_files(folder);
+    bench_many_passes(folder);
     bench_spheres(folder);
     return 0;
 }
