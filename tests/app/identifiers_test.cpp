@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
-#include <regex>
-#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -14,22 +13,31 @@ namespace {
 
 using Type = tesserakit::ResourceField;
 
-/// The numbers of app/identifiers.hpp by namespace and name, as the file has them.
+/// What stands behind `mark` in a line, up to one of `ends`; empty without the mark.
+std::string behind(const std::string& line, const std::string& mark, const char* ends) {
+    const std::size_t at = line.find(mark);
+    if (at == std::string::npos) return {};
+    const std::string rest = line.substr(at + mark.size());
+    return rest.substr(0, rest.find_first_of(ends));
+}
+
+/// The numbers of app/identifiers.hpp by namespace and name, as the file has them: a line each,
+/// "inline constexpr int name = 1;" or "inline constexpr std::array name{1, 2};".
 std::map<std::string, std::map<std::string, std::vector<int>>> identifiers() {
     std::map<std::string, std::map<std::string, std::vector<int>>> found;
     std::ifstream in(GEMWRIGHT_IDENTIFIERS);
-    const std::regex space("namespace (\\w+) \\{");
-    const std::regex constant("inline constexpr (?:int|std::array) (\\w+)\\s*[={]([^;]*)");
-    const std::regex number("-?\\d+");
     std::string inside;
     for (std::string line; std::getline(in, line);) {
-        std::smatch match;
-        if (std::regex_search(line, match, space)) inside = match[1];
-        if (!std::regex_search(line, match, constant)) continue;
-        const std::string values = match[2];
-        std::vector<int>& numbers = found[inside][match[1]];
-        for (std::sregex_iterator i(values.begin(), values.end(), number), end; i != end; ++i)
-            numbers.push_back(std::stoi(i->str()));
+        const std::string space = behind(line, "namespace ", " {");
+        if (!space.empty() && !line.starts_with("}")) inside = space;
+        std::string name = behind(line, "inline constexpr int ", " ={");
+        if (name.empty()) name = behind(line, "inline constexpr std::array ", " ={");
+        if (name.empty()) continue;
+        std::string values = behind(line, name, ";");
+        std::replace_if(
+            values.begin(), values.end(), [](char c) { return c < '0' || c > '9'; }, ' ');
+        std::istringstream numbers(values);
+        for (int number = 0; numbers >> number;) found[inside][name].push_back(number);
     }
     return found;
 }
