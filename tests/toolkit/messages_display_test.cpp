@@ -6,6 +6,7 @@
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
 #include <algorithm>
 #include <chrono>
@@ -193,6 +194,43 @@ TEST(MessagesDisplay, SemiModalWindowsMayLeaveInAnyOrder) {
     EXPECT_EQ(wObjCur, second);
     yyMSSemiAddRemove(-1, 1, second);
     EXPECT_EQ(wObjCurType, 0) << "one that came twice locks nothing for good";
+}
+
+namespace {
+
+/// Until the window manager has given the keyboard to a shell; the program polls nothing meanwhile.
+bool comes_to_have_keyboard(Window shell) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(deadline_ms);
+    while (std::chrono::steady_clock::now() < end) {
+        Window focus = 0;
+        int revert = 0;
+        XGetInputFocus(yydisplay.display, &focus, &revert);
+        if (focus == shell) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(MessagesDisplay, WindowsDoNotFightForTheKeyboard) {
+    windowopen2({.x = 100, .y = 100, .width = 300, .height = 200, .title = "Root"});
+    const int child =
+        windowopenchild2({.x = 600, .y = 100, .width = 300, .height = 200, .title = "Child"});
+    const Rectangle root = window_titled("Root");
+    const Rectangle other = window_titled("Child");
+    drain();
+    // Both title bars while the program is busy.
+    click({root.x + 150, root.y - 8});
+    ASSERT_TRUE(comes_to_have_keyboard(window_slot(0).shell));
+    click({other.x + 150, other.y - 8});
+    ASSERT_TRUE(comes_to_have_keyboard(window_slot(child).shell));
+    drain();
+    type("a");
+    EXPECT_EQ(wait_for(KeyDown).WIN, child);
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    EXPECT_EQ(focus, window_slot(child).client);
 }
 
 TEST(MessagesDisplay, TimersComeThroughTheQueue) {

@@ -4,6 +4,7 @@
 #include "tests/support/display_input.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
+#include "toolkit/messages/focus.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_slots.hpp"
@@ -45,6 +46,7 @@ void open() {
                  ButtonPressMask | ButtonReleaseMask | EnterWindowMask | LeaveWindowMask,
                  GrabModeSync, GrabModeAsync, 0, 0, CurrentTime);
     XAllowEvents(yydisplay.display, SyncPointer, CurrentTime);
+    lend_focus(state.popup);
     XSync(yydisplay.display, False);
     state.open = true;
 }
@@ -52,6 +54,7 @@ void open() {
 void close() {
     if (!state.open) return;
     state.open = false;
+    return_focus();
     XUngrabPointer(yydisplay.display, CurrentTime);
     XDestroyWindow(yydisplay.display, state.popup);
     XSync(yydisplay.display, False);
@@ -295,4 +298,43 @@ TEST_F(MenuSeamsDisplay, AMessageEndsATooltipAndAnEmptyPollDoesNot) {
     EXPECT_EQ(one_item_menu::state.tooltips_ended, 1);
     release();
     drain();
+}
+
+namespace {
+
+Window keyboard() {
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    return focus;
+}
+
+}  // namespace
+
+TEST_F(MenuSeamsDisplay, TheKeyboardGoesToTheMenuAndBack) {
+    click(at(30, 30));
+    drain();
+    const Window before = keyboard();
+    one_item_menu::open();
+    EXPECT_EQ(keyboard(), one_item_menu::state.popup);
+    lend_focus(one_item_menu::state.popup);  // the lender stays who it was
+    key("Escape");
+    drain();
+    EXPECT_EQ(keyboard(), before);
+    const int child =
+        windowopenchild2({.x = 700, .y = 100, .width = 200, .height = 100, .title = "Child"});
+    window_titled("Child");
+    drain();
+    one_item_menu::open();
+    XSetInputFocus(yydisplay.display, window_slot(0).client, RevertToParent, CurrentTime);
+    one_item_menu::close();
+    EXPECT_EQ(keyboard(), window_slot(0).client) << "somebody took it meanwhile";
+    XSetInputFocus(yydisplay.display, window_slot(child).client, RevertToParent, CurrentTime);
+    one_item_menu::open();
+    windowclosechild(child);
+    one_item_menu::close();  // nobody to give it back to
+    click(at(30, 30));
+    drain();
+    type("b");
+    EXPECT_EQ(wait_for(KeyDown).VALUE1, 'b');
 }

@@ -9,6 +9,7 @@
 
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
+#include "toolkit/messages/focus.hpp"
 #include "toolkit/messages/key_codes.hpp"
 #include "toolkit/messages/snapshots.hpp"
 #include "toolkit/messages/timers.hpp"
@@ -20,7 +21,6 @@
 
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
-#include <Xm/Xm.h>
 
 #include <algorithm>
 #include <array>
@@ -177,11 +177,6 @@ Mail from_field(Mail mail, const DialogPlace& place) {
     return mail;
 }
 
-void take_focus(const WindowSlot& slot, Time time) {
-    XSetInputFocus(yydisplay.display, slot.client, RevertToParent, time);
-    XmProcessTraversal(slot.client_widget, XmTRAVERSE_CURRENT);
-}
-
 /// A button that is the menus' own. A press outside an open menu closes it, and isn't told.
 bool button_of_menu(const XButtonEvent& event, int window) {
     const bool open = menu_hooks.active();
@@ -230,17 +225,8 @@ Outcome crossing(XEvent& event) {
     return Outcome::GoesOn;
 }
 
-/// yyFocusToSubWin: the window manager gives the focus to the shell, keys are read in the client.
 Outcome focus_in(XEvent& event) {
-    const XFocusChangeEvent& focus = event.xfocus;
-    if (focus.mode != NotifyNormal && focus.mode != NotifyGrab && focus.mode != NotifyUngrab)
-        return Outcome::GoesOn;
-    const WindowOwner owner = yygetparenthandle(focus.window);
-    if (owner.window < 0 || owner.kind != WindowKind::Frame) return Outcome::GoesOn;
-    const WindowSlot& slot = slot_of(owner);
-    if (focus.window == slot.shell && slot.type == WindowType::Plain &&
-        focus.detail != NotifyInferior)
-        take_focus(slot, CurrentTime);
+    yyfocustosubwin(event.xfocus);
     return Outcome::GoesOn;
 }
 

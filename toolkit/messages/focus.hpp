@@ -1,0 +1,22 @@
+/// The keyboard's way to the windows: client windows, and menus while they are open.
+#pragma once
+
+#include "toolkit/windows/window_slots.hpp"
+
+#include <X11/Intrinsic.h>
+
+namespace tesserakit {
+
+/// Gives the keyboard to a window's client area.
+void take_focus(const WindowSlot& slot, Time time);
+/// yyFocusToSubWin: the window manager gives the keyboard to the shell, keys are read in the
+/// client.
+void yyfocustosubwin(const XFocusChangeEvent& event);
+
+/// Gives the keyboard to an X window of a menu that opens, and remembers who had it.
+void lend_focus(Window menu);
+/// Gives it back when the menu closes, unless somebody else has taken it meanwhile. Before the
+/// menu's windows go.
+void return_focus();
+
+}  // namespace tesserakit
