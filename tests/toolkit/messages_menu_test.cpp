@@ -5,6 +5,7 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/focus.hpp"
+#include "toolkit/messages/modifier_masks.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_slots.hpp"
@@ -65,7 +66,7 @@ MenuAnswer key(KeySym key, int, unsigned modifiers) {
         if (key == XK_Escape) close();
         return {.consumed = true};
     }
-    if (key != XK_f || (modifiers & Mod1Mask) == 0) return {};
+    if (key != XK_f || (modifiers & AltMask) == 0) return {};
     open();
     return {.consumed = true};
 }
@@ -337,4 +338,22 @@ TEST_F(MenuSeamsDisplay, TheKeyboardGoesToTheMenuAndBack) {
     drain();
     type("b");
     EXPECT_EQ(wait_for(KeyDown).VALUE1, 'b');
+}
+
+TEST_F(MenuSeamsDisplay, AltIsTheModifierThatTheKeyboardSays) {
+    EXPECT_EQ(AltMask, Mod1Mask);
+    XModifierKeymap* map = XGetModifierMapping(yydisplay.display);
+    const KeyCode alt = XKeysymToKeycode(yydisplay.display, XK_Alt_L);
+    for (int i = 0; i < map->max_keypermod; ++i)
+        map->modifiermap[Mod1MapIndex * map->max_keypermod + i] = 0;
+    map->modifiermap[Mod3MapIndex * map->max_keypermod] = alt;
+    ASSERT_EQ(XSetModifierMapping(yydisplay.display, map), MappingSuccess);
+    poll_until([] { return AltMask != Mod1Mask; });
+    EXPECT_EQ(AltMask, Mod3Mask);
+    // Control and Shift never count as Alt, whatever the keyboard says.
+    map->modifiermap[Mod3MapIndex * map->max_keypermod] = 0;
+    map->modifiermap[ControlMapIndex * map->max_keypermod] = alt;
+    ASSERT_EQ(XSetModifierMapping(yydisplay.display, map), MappingSuccess);
+    poll_until([] { return AltMask == 0; });
+    XFreeModifiermap(map);
 }

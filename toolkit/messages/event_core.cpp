@@ -11,6 +11,7 @@
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/focus.hpp"
 #include "toolkit/messages/key_codes.hpp"
+#include "toolkit/messages/modifier_masks.hpp"
 #include "toolkit/messages/snapshots.hpp"
 #include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"
@@ -328,6 +329,7 @@ Outcome client_message(XEvent& event) {
 
 Outcome mapping(XEvent& event) {
     XRefreshKeyboardMapping(&event.xmapping);
+    load_modifier_masks();
     return Outcome::GoesOn;
 }
 

@@ -3,6 +3,7 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/messages/event_core.hpp"
 #include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/modifier_masks.hpp"
 #include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/drawables.hpp"
@@ -209,6 +210,7 @@ void install_messages() {
         .open =
             [] {
                 load_message_defaults();
+                load_modifier_masks();
                 TimerEnabled = message_enabled(TimerExpired);
             },
         .window_closes =
