@@ -2,6 +2,7 @@
 
 #include "toolkit/base/display.hpp"
 #include "toolkit/messages/event_core.hpp"
+#include "toolkit/messages/interpreters.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/modifier_masks.hpp"
 #include "toolkit/messages/timers.hpp"
@@ -11,43 +12,35 @@
 #include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/message_hooks.hpp"
 #include "toolkit/windows/window_layout.hpp"
+#include "toolkit/windows/window_slots.hpp"
 
-#include <array>
+#include <initializer_list>
 #include <utility>
 
 namespace tesserakit {
 
-namespace {
+constinit Interpreters interpreters{};
 
-constexpr std::array interpretation{yyMSInterpretMessageCore, yyDGInterpretToolkit};
+namespace {
 
 /// The low-level steps for one event; a later step sees what the earlier ones left.
 void yyMSInterpretMessageLowLevel(XEvent& event) {
-    for (const auto interpret : interpretation)
+    for (const auto interpret : {yyMSInterpretMessageCore, interpreters.editor_event,
+                                 interpreters.bitmap_event, yyDGInterpretToolkit})
         if (interpret(event) == Outcome::Consumed) return;
     // Also for windows without a widget: input methods and Xt's own services look for theirs.
     XtDispatchEvent(&event);
 }
 
 /// What any message passes on its way out of the mailbox; its type is 0 when it ends here.
-Mail on_its_way(const Mail& mail) {
-    if (mail.type != 0) menu_hooks.end_tooltip();
-    return mail;
+Mail on_its_way(Mail mail) {
+    if (mail.type == 0) return mail;
+    menu_hooks.end_tooltip();
+    if (interpreters.editor_message(mail) || interpreters.grid_message(mail)) return {};
+    return message_enabled(mail.type) ? mail : Mail{};
 }
 
 Mail take_posted() { return pending_type() != 0 ? on_its_way(std::exchange(wXtMesg, {})) : Mail{}; }
-
-/// One step of the pump: a message, NoMessage when nothing is to be done, type 0 to go on.
-Mail step(bool wait) {
-    if (const Mail overflow = on_its_way(take_overflow()); overflow.type != 0) return overflow;
-    const bool event = event_waiting();
-    // A timer of a widget may have posted, without an event.
-    if (const Mail posted = take_posted(); posted.type != 0) return posted;
-    if (event) return yyinterpretmessage();
-    if (!wait) return {.type = NoMessage};
-    yywaitdisplay(idle_tick_ms);
-    return {};
-}
 
 bool pointer_or_key(int type) {
     return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
@@ -68,7 +61,7 @@ Mail yydispatchmessage(bool wait) {
     while (mail.type == 0) {
         if (!menu_hooks.active()) mail = take_kept();
         if (mail.type != 0) break;
-        mail = step(wait);
+        mail = yymessagestep(wait);
         if (mail.type == 0 || mail.type == NoMessage) continue;
         // The one that closed the menu comes behind what was kept.
         if (!menu_hooks.active() && !anything_kept()) continue;
@@ -181,6 +174,17 @@ Mail yyinterpretmessage() {
     return take_posted();
 }
 
+Mail yymessagestep(bool wait) {
+    if (wXtMesg2.type != 0) return on_its_way(take_overflow());
+    const bool event = event_waiting();
+    // A timer of a widget may have posted, without an event.
+    if (pending_type() != 0) return take_posted();
+    if (event) return yyinterpretmessage();
+    if (!wait) return {.type = NoMessage};
+    yywaitdisplay(idle_tick_ms);
+    return {};
+}
+
 bool message_waiting() { return !menu_hooks.active() && (anything_kept() || wXtMesg2.type != 0); }
 
 void wmessage(int& type, MessageRecord& record) {
@@ -205,6 +209,19 @@ void wmessageenable(int type, int state) {
     apply_message_masks(bPointerGrabbed);
 }
 
+namespace {
+
+/// Windows with contents of their own may have something to ask first.
+void close_request(int window) {
+    const WindowType type = window_slot(window).type;
+    const bool own =
+        type == WindowType::Editor || type == WindowType::BitmapViewer || type == WindowType::Grid;
+    if (own && interpreters.close(window)) return;
+    yyDGSendTesserakitMessage(nullptr, {.type = CloseRequest, .win = window});
+}
+
+}  // namespace
+
 void install_messages() {
     message_hooks = {
         .open =
@@ -213,6 +230,7 @@ void install_messages() {
                 load_modifier_masks();
                 TimerEnabled = message_enabled(TimerExpired);
             },
+        .close_request = close_request,
         .window_closes =
             [](int window) {
                 yyMSSemiAddRemove(-1, window_object, window);

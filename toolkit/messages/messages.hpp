@@ -20,6 +20,10 @@ void install_messages();
 Mail yyinterpretmessage();
 /// True when yyinterpretmessage has an event to take; due timers are run on the way.
 bool event_waiting();
+/// One step of the pump, for polls and for modal loops: the overflow, what a timer posted, or one
+/// event. Answers a message, one of type 0 to go on, or without `wait` NoMessage when there is
+/// nothing; with `wait` it waits a tick then.
+Mail yymessagestep(bool wait);
 /// True when the next poll has a message without any event.
 bool message_waiting();
 

@@ -7,6 +7,8 @@ namespace tesserakit {
 struct MessageHooks {
     /// The root window is about to open: all switches begin as they are by default.
     void (*open)() = [] {};
+    /// The window manager asks for a window to be closed.
+    void (*close_request)(int window) = [](int) {};
     /// A window is about to close: it leaves the semi-modal chain.
     void (*window_closes)(int window) = [](int) {};
     /// All windows have closed: timers end, waiting messages are dropped.

@@ -5,7 +5,6 @@
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/mailbox.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
 #include "toolkit/base/shell_title.hpp"
 #include "toolkit/base/window_icon.hpp"
@@ -54,8 +53,7 @@ void forget_content(Widget content, XtPointer closure, XtPointer) {
 }
 
 void yyWindowWMCloseCB(Widget, XtPointer closure, XtPointer) {
-    const int window = window_of_closure(closure);
-    yyDGSendTesserakitMessage(nullptr, {.type = CloseRequest, .win = window});
+    message_hooks.close_request(window_of_closure(closure));
 }
 
 Widget create_shell(const WindowSlot& slot) {
