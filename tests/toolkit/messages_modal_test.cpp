@@ -2,18 +2,63 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/display_input.hpp"
+#include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/interpreters.hpp"
+#include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/modal_loop.hpp"
 #include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
+#include <Xm/MessageB.h>
+
+#include <GL/gl.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 using namespace tesserakit;
 using namespace display_input;
 
 namespace {
+
+/// What a user does while the program is in a loop of its own: each step is tried again, from a
+/// timer, until it is done. The last one is to end the loop.
+class Visit {
+public:
+    explicit Visit(std::vector<std::function<bool()>> steps) : steps_(std::move(steps)) { again(); }
+    ~Visit() { XtRemoveTimeOut(timer_); }
+    Visit(const Visit&) = delete;
+    Visit& operator=(const Visit&) = delete;
+
+    bool over() const { return next_ == steps_.size(); }
+
+private:
+    void again() { timer_ = XtAppAddTimeOut(yydisplay.app, 5, tick, this); }
+
+    static void tick(XtPointer closure, XtIntervalId*) {
+        Visit& visit = *static_cast<Visit*>(closure);
+        if (!visit.over() && visit.steps_[visit.next_]()) {
+            ++visit.next_;
+            visit.tries_ = 0;
+        } else if (nModalWindows > 0 && ++visit.tries_ > 600) {
+            // A user who waits for what never comes goes away, so that the test ends.
+            ADD_FAILURE() << "the loop goes on behind step " << visit.next_;
+            bModalMessageLoop = false;
+        }
+        visit.again();
+    }
+
+    std::vector<std::function<bool()>> steps_;
+    std::size_t next_ = 0;
+    int tries_ = 0;
+    XtIntervalId timer_ = 0;
+};
 
 std::vector<int> types_of(const std::vector<Received>& received) {
     std::vector<int> types;
@@ -28,7 +73,205 @@ Rectangle open_root() {
     return area;
 }
 
+bool has_keyboard(Widget shell) {
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    const Widget widget =
+        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+    return widget && shell_around(widget) == shell;
+}
+
+Widget dialog_shell(int dialog) {
+    return shell_around(dialog_hooks.widget(dialog_hooks.slot(dialog)));
+}
+
+/// The middle of a widget or gadget, where the server has it.
+Point middle_of(Widget widget) {
+    Position x = 0;
+    Position y = 0;
+    Dimension width = 0;
+    Dimension height = 0;
+    XtVaGetValues(widget, XmNx, &x, XmNy, &y, XmNwidth, &width, XmNheight, &height, nullptr);
+    Point at;
+    Window child = 0;
+    XTranslateCoordinates(yydisplay.display, XtWindow(XtParent(widget)), yydisplay.root,
+                          x + width / 2, y + height / 2, &at.x, &at.y, &child);
+    return at;
+}
+
+/// A message box as the common dialogs make them: its shell is Motif's, unknown to the toolkit.
+struct MessageBox {
+    Widget widget = nullptr;
+    std::string name;
+    static std::vector<std::string> pressed;
+
+    MessageBox(const char* title, int x, int y) : name(title) {
+        widget = XmCreateMessageDialog(window_slot(0).shell_widget, const_cast<char*>(title),
+                                       nullptr, 0);
+        XtVaSetValues(XtParent(widget), XmNtitle, title, nullptr);
+        XtVaSetValues(widget, XmNdefaultPosition, False, XmNx, x, XmNy, y, nullptr);
+        XtAddCallback(
+            widget, XmNokCallback,
+            [](Widget, XtPointer box, XtPointer) {
+                pressed.push_back(static_cast<MessageBox*>(box)->name);
+                bModalMessageLoop = false;
+            },
+            this);
+    }
+
+    void run() const {
+        XtManageChild(widget);
+        yyMSModalMessageLoop(widget, -1);
+        XtDestroyWidget(XtParent(widget));
+    }
+
+    Point ok() const { return middle_of(XmMessageBoxGetChild(widget, XmDIALOG_OK_BUTTON)); }
+};
+std::vector<std::string> MessageBox::pressed;
+
 }  // namespace
+
+TEST(ModalLoopDisplay, ALoopInsideADispatchLeavesTheOuterMessageAsItWas) {
+    const Rectangle root = open_root();
+    wmessageenable(FieldChanged, 1);
+    wdialogload(103);
+    static int presses_seen;
+    presses_seen = 0;
+    XtAddEventHandler(
+        window_slot(0).client_widget, ButtonPressMask, False,
+        [](Widget, XtPointer, XEvent* event, Boolean*) {
+            presses_seen += event->type == ButtonPress && event->xbutton.button == 3 ? 1 : 0;
+        },
+        nullptr);
+    drain();
+    interpreters.editor_event = [](XEvent& event) {
+        if (event.type != ButtonPress || event.xbutton.window != window_slot(0).client)
+            return Outcome::GoesOn;
+        const Visit visit(
+            {[] { return is_shown("Box limits...") && has_keyboard(dialog_shell(103)); },
+             [] {
+                 key("Tab");
+                 close_window("Box limits...");
+                 return true;
+             }});
+        wdialogselect(103);
+        wdialogshow(dialog_centred, dialog_centred, 0, 1);
+        return Outcome::GoesOn;
+    };
+    click({root.x + 400, root.y + 300}, 3);
+    std::vector<Received> told = drain();
+    interpreters = {};
+    std::erase_if(told, [](const Received& one) { return one.type == ExposeMessage; });
+    ASSERT_EQ(types_of(told), (std::vector<int>{MouseButDown}));
+    EXPECT_EQ(told[0].record.VALUE1, 3);
+    EXPECT_EQ(told[0].record.WIN, 0);
+    EXPECT_EQ(presses_seen, 1)
+        << "the outer event goes on to the widgets, not the inner loop's last";
+    EXPECT_EQ(winfodialog(1), 2);
+}
+
+TEST(ModalLoopDisplay, ABoxOverABoxLocksTheLowerOne) {
+    open_root();
+    MessageBox lower("Lower", 100, 100);
+    MessageBox upper("Upper", 700, 500);
+    // A box may move until the window manager has placed it: one click may miss.
+    const auto press_lower = [&] {
+        click(lower.ok());
+        return false;
+    };
+    const auto press_both = [&] {
+        click(lower.ok());
+        click(upper.ok());
+        return false;
+    };
+    const auto open_upper = [&] {
+        if (!is_shown("Lower")) return false;
+        const Visit above({[] { return is_shown("Upper"); }, press_both});
+        upper.run();
+        return true;
+    };
+    const Visit visit({open_upper, press_lower});
+    lower.run();
+    EXPECT_EQ(MessageBox::pressed, (std::vector<std::string>{"Upper", "Lower"}));
+    EXPECT_EQ(nModalWindows, 0);
+}
+
+TEST(ModalLoopDisplay, AMenuOfTheModalWindowPassesAndThatOfAnotherDoesNot) {
+    open_root();
+    const int editor =
+        windowopenchild2({.x = 700, .y = 500, .width = 200, .height = 100, .title = "Editor"});
+    static Window of_editor, of_root;
+    const auto bar_in = [](int window) {
+        return XCreateSimpleWindow(yydisplay.display, window_slot(window).window, 0, 0, 10, 10, 0,
+                                   0, 0);
+    };
+    of_editor = bar_in(editor);
+    of_root = bar_in(0);
+    menu_hooks.find = [](Window window) {
+        if (window == of_editor) return MenuWindow{MenuPart::Bar, 1};
+        return window == of_root ? MenuWindow{MenuPart::Bar, 0} : MenuWindow{};
+    };
+    ASSERT_EQ(editor, 1);
+    yyMSModalAddRemove(window_slot(editor).client_widget, -1, true);
+    XEvent press{};
+    press.type = ButtonPress;
+    press.xany.window = of_editor;
+    EXPECT_TRUE(yyMSCheckWinDiag(press));
+    press.xany.window = of_root;
+    EXPECT_FALSE(yyMSCheckWinDiag(press));
+    drain();
+    const SizeLimits root_limits = size_limits("Root");
+    EXPECT_EQ(root_limits.min_width, root_limits.max_width);
+    EXPECT_NE(root_limits.min_width, 0);
+    EXPECT_EQ(size_limits("Editor").max_width, 0) << "the modal window itself may be resized";
+    yyMSModalAddRemove(nullptr, -1, false);
+}
+
+TEST(ModalLoopDisplay, ALoopClosesAnOpenMenu) {
+    open_root();
+    static bool open;
+    open = true;
+    menu_hooks.active = [] { return open; };
+    menu_hooks.deactivate = [] { open = false; };
+    MessageBox box("Box", 100, 100);
+    const Visit visit({[&] {
+        if (!is_shown("Box")) return false;
+        EXPECT_FALSE(open);
+        click(box.ok());
+        return false;
+    }});
+    box.run();
+}
+
+TEST(ModalLoopDisplay, ABoxHangsOnAShellThatIsOnTheScreen) {
+    open_root();
+    EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(0).shell_widget);
+    const int child =
+        windowopenchild2({.x = 700, .y = 100, .width = 200, .height = 100, .title = "Child"});
+    const Rectangle child_area = window_titled("Child");
+    windowselect(0);
+    click({child_area.x + 10, child_area.y + 10});
+    wait_for(MouseButDown);
+    EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(child).shell_widget)
+        << "where the user is at work";
+    XIconifyWindow(yydisplay.display, window_slot(child).shell, yydisplay.screen_number);
+    poll_until([] { return !is_shown("Child"); });
+    EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(0).shell_widget);
+    wdialogload(103);
+    wdialogshow(dialog_centred, dialog_centred, 0, 2);
+    window_titled("Box limits...");
+    poll_until([] { return has_keyboard(dialog_shell(103)); });
+    wmessageenable(FieldChanged, 1);
+    key("Tab");
+    wait_for(FieldChanged);
+    EXPECT_EQ(yyMSReturnCurrentUserWidget(), dialog_shell(103));
+    wdialogselect(103);
+    wdialogunload();
+    windowselect(child);
+    EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(0).shell_widget)
+        << "a dialog that is gone, an icon";
+}
 
 TEST(ModalLoopDisplay, AnEditorsMessagesAndCloseAreItsOwn) {
     const Rectangle root = open_root();
@@ -72,4 +315,46 @@ TEST(ModalLoopDisplay, AnEditorsMessagesAndCloseAreItsOwn) {
     type("a");
     EXPECT_EQ(types_of(drain()), (std::vector<int>{KeyDown})) << "what it leaves is still told";
     interpreters = {};
+}
+
+namespace {
+
+constexpr unsigned drawn_red = 0xff0000;
+
+void draw_red() {
+    glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+    wglswapbuffers();
+}
+
+/// The root window with the view, all red.
+Rectangle open_view() {
+    windowopen2({.x = 100, .y = 100, .width = 600, .height = 500, .dialog = 101, .title = "Root"});
+    const Rectangle area = window_titled("Root");
+    wglselect(3, 1001, 2);
+    drain();
+    draw_red();
+    drain();
+    return area;
+}
+
+}  // namespace
+
+TEST(ModalLoopDisplay, TheViewIsRepairedWhereAModalDialogHasMovedAway) {
+    open_view();
+    const Point at{620, 500};  // in the view, under the middle of the screen
+    ASSERT_EQ(pixel(at), drawn_red);
+    wdialogload(103);
+    const Visit visit({[&] { return is_shown("Box limits...") && title_at(at) == "Box limits..."; },
+                       [&] {
+                           XMoveWindow(yydisplay.display, XtWindow(dialog_shell(103)), 1100, 950);
+                           return true;
+                       },
+                       [&] { return title_at(at) == "Root" && pixel(at) == drawn_red; },
+                       [&] {
+                           close_window("Box limits...");
+                           return true;
+                       }});
+    wdialogshow(dialog_centred, dialog_centred, 0, 1);
+    EXPECT_TRUE(visit.over());
 }

@@ -36,6 +36,7 @@ void yyMSInterpretMessageLowLevel(XEvent& event) {
 Mail on_its_way(Mail mail) {
     if (mail.type == 0) return mail;
     menu_hooks.end_tooltip();
+    note_command(mail);
     if (interpreters.editor_message(mail) || interpreters.grid_message(mail)) return {};
     return message_enabled(mail.type) ? mail : Mail{};
 }

@@ -5,6 +5,8 @@
 #include "toolkit/windows/window_placing.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
+#include <algorithm>
+#include <initializer_list>
 #include <vector>
 
 namespace tesserakit {
@@ -25,12 +27,15 @@ struct ModalEntry {
 
 struct State {
     std::vector<ModalEntry> modal;  // the innermost last
+    bool command_in_dialog = false;
+    int command_place = -1;  // window slot or dialog identifier of the last command, -1 none
 };
 State& state = *new State;
 
 /// With a modal or semi-modal object up only that one may change its size.
 bool may_resize(int window) {
-    if (nModalWindows > 0) return false;
+    if (!state.modal.empty())
+        return window_slot(window).shell_widget == shell_around(state.modal.back().widget);
     return wObjCurType == 0 || (wObjCurType == window_object && wObjCur == window);
 }
 
@@ -72,6 +77,32 @@ void enter_semi_modal(int type, int object) {
     wObjCurType = type;
 }
 
+bool visible(Widget shell) {
+    XWindowAttributes attributes;
+    return shell && XtIsRealized(shell) &&
+           XGetWindowAttributes(yydisplay.display, XtWindow(shell), &attributes) &&
+           attributes.map_state == IsViewable;
+}
+
+Widget shell_of_window(int window) {
+    return window >= 0 && window < window_slots ? window_slot(window).shell_widget : nullptr;
+}
+
+Widget shell_of_command() {
+    if (!state.command_in_dialog) return shell_of_window(state.command_place);
+    return shell_around(dialog_hooks.widget(dialog_hooks.slot(state.command_place)));
+}
+
+bool from_dialog(const Mail& mail) {
+    return mail.type == PushButton || mail.type == FieldChanged || mail.type == TabChanged ||
+           mail.value3 == SourceField;
+}
+
+/// What a user does on purpose: a command may come of it.
+bool may_be_command(int type) {
+    return type != ExposeMessage && type != Resize && type != MouseMove && type != TimerExpired;
+}
+
 bool filtered_type(int type) {
     return (type >= KeyPress && type <= FocusOut) || type == ClientMessage;
 }
@@ -84,11 +115,19 @@ bool within(Widget widget, Widget ancestor) {
 
 bool known(const WindowOwner& owner) { return owner.window >= 0 || owner.dialog.slot >= 0; }
 
+/// The widget that an X window belongs to; bars and menus of a window belong to its shell.
+Widget widget_of(Window window, const WindowOwner& owner) {
+    if (const Widget widget = XtWindowToWidget(yydisplay.display, window)) return widget;
+    return owner.window >= 0 ? window_slot(owner.window).shell_widget : nullptr;
+}
+
 /// What belongs to the top entry is all inside its shell: the window manager's requests come to
-/// the shell itself, and lists that pop up are its children.
+/// the shell itself, and lists that pop up are its children. The shells of common dialogs are
+/// unknown but to the stack.
 bool passes_modal(Window window, const WindowOwner& owner) {
-    return !known(owner) || within(XtWindowToWidget(yydisplay.display, window),
-                                   shell_around(state.modal.back().widget));
+    const Widget widget = widget_of(window, owner);
+    if (within(widget, shell_around(state.modal.back().widget))) return true;
+    return !known(owner) && !in_modal_stack(widget);
 }
 
 bool passes_semi_modal(const WindowOwner& owner) {
@@ -105,6 +144,18 @@ bool passes_semi_modal(const WindowOwner& owner) {
 Window event_window(const XEvent& event) { return event.xany.window; }
 
 }  // namespace
+
+bool in_modal_stack(Widget widget) {
+    return std::ranges::any_of(state.modal, [widget](const ModalEntry& entry) {
+        return within(widget, shell_around(entry.widget));
+    });
+}
+
+void note_command(const Mail& mail) {
+    if (!may_be_command(mail.type)) return;
+    state.command_in_dialog = from_dialog(mail);
+    state.command_place = mail.win;
+}
 
 void yyMSModalAddRemove(Widget widget, int index, bool add) {
     if (add) {
@@ -136,8 +187,13 @@ bool yyMSCheckWinDiag(XEvent& event) {
 Widget top_modal_widget() { return state.modal.empty() ? nullptr : state.modal.back().widget; }
 
 Widget yyMSReturnCurrentUserWidget() {
-    if (const Widget modal = top_modal_widget()) return modal;
-    if (wCurrentWindow >= 0) return window_slot(wCurrentWindow).shell_widget;
+    // A box that hangs on a window that isn't on the screen isn't there either, and has all input.
+    const Widget modal = top_modal_widget();
+    if (visible(shell_around(modal))) return modal;
+    for (const Widget shell : {shell_of_command(), shell_of_window(wCurrentWindow)})
+        if (visible(shell)) return shell;
+    for (const WindowSlot& slot : windows)
+        if (visible(slot.shell_widget)) return slot.shell_widget;
     return yydisplay.root_widget;
 }
 

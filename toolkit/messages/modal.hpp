@@ -2,6 +2,8 @@
 /// run in modal_loop.hpp.
 #pragma once
 
+#include "toolkit/base/mailbox.hpp"
+
 #include <X11/Intrinsic.h>
 
 namespace tesserakit {
@@ -28,7 +30,13 @@ bool yyMSCheckWinDiag(XEvent& event);
 
 /// The widget of the innermost modal loop, null without one.
 Widget top_modal_widget();
-/// The widget that common dialogs hang on: the top modal one, else the current window's shell.
+/// Whether a widget stands in the shell of any loop that runs, or on one that hangs on it.
+bool in_modal_stack(Widget widget);
+
+/// Remembers where the user is at work: the window or dialog that a message comes from.
+void note_command(const Mail& mail);
+/// The widget that common dialogs hang on, always one that is on the screen if any is: the top
+/// modal one, else the shell that the last command came from, the current window's, any window's.
 Widget yyMSReturnCurrentUserWidget();
 
 }  // namespace tesserakit
