@@ -7,6 +7,7 @@
 #include "toolkit/messages/interpreters.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/modal_loop.hpp"
+#include "toolkit/messages/snapshots.hpp"
 #include "toolkit/messages/timers.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/menu_hooks.hpp"
@@ -357,4 +358,56 @@ TEST(ModalLoopDisplay, TheViewIsRepairedWhereAModalDialogHasMovedAway) {
                        }});
     wdialogshow(dialog_centred, dialog_centred, 0, 1);
     EXPECT_TRUE(visit.over());
+}
+
+TEST(ModalLoopDisplay, WhatWasCoveredBeforeAModalLoopIsDrawnAfterIt) {
+    open_view();
+    const Point at{620, 500};  // in the view, under the middle of the screen
+    wdialogload(106);
+    wdialogshow(dialog_centred, dialog_centred, 0, 2);
+    poll_until([&] { return title_at(at) != "Root"; });
+    drain();
+    wdialogload(103);
+    const Visit visit({[&] {
+                           if (!is_shown("Box limits...")) return false;
+                           XUnmapWindow(yydisplay.display, XtWindow(dialog_shell(106)));
+                           XMoveWindow(yydisplay.display, XtWindow(dialog_shell(103)), 1100, 950);
+                           return true;
+                       },
+                       [&] { return title_at(at) == "Root"; },
+                       [&] {
+                           close_window("Box limits...");
+                           return true;
+                       }});
+    wdialogshow(dialog_centred, dialog_centred, 0, 1);
+    EXPECT_TRUE(visit.over());
+    const MessageRecord damage = wait_for(ExposeMessage);
+    EXPECT_EQ(damage.WIN, 101);
+    EXPECT_EQ(damage.VALUE4, 1001);
+    const Widget view = dialog_hooks.picture(dialog_hooks.slot(101), 1001).widget;
+    const Point middle = middle_of(view);
+    wdialogselect(101);
+    igrselect(3, 1001);
+    const int left = middle.x - winfodrawable(4) / 2 + damage.X;
+    const int top = middle.y - winfodrawable(5) / 2 + damage.Y;
+    EXPECT_TRUE(left <= at.x && at.x < left + damage.VALUE1) << left;
+    EXPECT_TRUE(top <= at.y && at.y < top + damage.VALUE2) << top;
+}
+
+TEST(ModalLoopDisplay, SnapshotsServeUntilTheOutermostIsDropped) {
+    const Rectangle root = open_view();
+    yygetwindowbitmap(true);
+    yygetwindowbitmap(true);
+    yygetwindowbitmap(false);
+    const Rectangle hole{root.x + 300, root.y + 250, 20, 20};
+    cover_and_uncover(hole);
+    EXPECT_TRUE(drain().empty()) << "repaired, not told";
+    EXPECT_EQ(pixel({hole.x + 5, hole.y + 5}), drawn_red);
+    yygetwindowbitmap(false);
+    cover_and_uncover(hole);
+    EXPECT_EQ(types_of(drain()), (std::vector<int>{ExposeMessage}));
+    yygetwindowbitmap(false);  // one too many
+    yygetwindowbitmap(true);
+    cover_and_uncover(hole);
+    EXPECT_TRUE(drain().empty());
 }

@@ -9,7 +9,8 @@ namespace tesserakit {
 /// loop, and drops the copies again (false). Calls nest. When the server lacks room an error is
 /// left, and the areas stay blank until the application draws them.
 void yygetwindowbitmap(bool take);
-/// wBlitOn: repairs a client area or user-drawn field from its copy; false if there is none.
+/// wBlitOn: repairs a client area or user-drawn field from its copy. False if there is none, or if
+/// it lacks a part of the damage: what was covered, or not drawn yet, when it was taken.
 bool repair_from_snapshot(Window window, const XExposeEvent& event);
 
 }  // namespace tesserakit
