@@ -72,6 +72,14 @@ TEST_P(LocaleDisplay, TextsGoThroughFieldsAndTitlesUnharmed) {
     EXPECT_EQ(infoerror(1), 0);
 }
 
+TEST(StartDisplay, XFontsDrawCharactersAndNotBytes) {
+    winitialise();
+    const TextFont font = load_font("fixed");
+    ASSERT_GT(font.measures.largest_width, 0);
+    EXPECT_EQ(text_width(font, "M\u00fcller"), text_width(font, "Muller"));
+    EXPECT_EQ(text_width(load_font("nosuchfont"), "x"), text_width(font, "x")) << "in its place";
+}
+
 TEST(StartDisplay, AllShellsAreOfTheClassOfTheUsersResources) {
     winitialise();
     XrmDatabase database = XtDatabase(yydisplay.display);

@@ -28,11 +28,17 @@ XmRenderTable table_of(Arguments& args) {
 }
 
 XmRenderTable x_font_table(const std::string& name) {
-    XFontStruct* font = XLoadQueryFont(yydisplay.display, name.c_str());
-    if (!font) return nullptr;
+    // A set draws the characters of the locale; a single X font would draw their bytes.
+    char** missing = nullptr;
+    int missing_count = 0;
+    char* filler = nullptr;
+    const XFontSet fonts =
+        XCreateFontSet(yydisplay.display, name.c_str(), &missing, &missing_count, &filler);
+    if (missing) XFreeStringList(missing);
+    if (!fonts) return nullptr;
     Arguments args;
-    args(XmNfontType, XmFONT_IS_FONT);
-    args(XmNfont, font);
+    args(XmNfontType, XmFONT_IS_FONTSET);
+    args(XmNfont, fonts);
     args(XmNloadModel, XmLOAD_IMMEDIATE);
     return table_of(args);
 }
