@@ -20,7 +20,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -70,8 +69,8 @@ void append_cell(std::string& out, const wcfgl_metrix::Cell& cell) {
 
 std::string view_line(const Quaternion& quaternion) {
     wcfgl_quaternion::AngleAxis view = wcfgl_quaternion::rot_from_q(quaternion);
-    constexpr float least = 0.0005f;  // less prints as no turn, or as a whole one: no axis is left
-    if (view.angle < least || view.angle > 360.0f - least) view = {};
+    // A turn that prints as a whole one is none, and its axis may point either way.
+    if (view.angle > 359.9995f) view = {};
     std::string out = "ROTAX ";
     append_fixed(out, {&view.angle, 1}, 9, 3);
     append_fixed(out, view.axis.c, 9, 5);
@@ -93,20 +92,10 @@ std::string settled_view_line(const Quaternion& quaternion) {
     return line;
 }
 
-/// Whether the reader makes this group of the text. One symbol can stand for several settings.
-bool tells(std::string_view symbol, const Space_Group_Type& group) {
-    if (symbol.empty()) return false;
-    const auto read = std::make_unique<Space_Group_Type>();
-    crystallographic_symmetry::set_spacegroup(group_symbol::table_text(symbol), *read);
-    return !crystallographic_symmetry::err_symm &&
-           crystallographic_symmetry::spgr_equal(*read, group);
-}
-
-/// By the symbol that people know it by, else by its Hall symbol, else by generators.
+/// By the symbol that people know it by, or its Hall symbol, or else by generators.
 void append_group(std::string& out, const Space_Group_Type& group) {
-    for (const std::string& symbol :
-         {group_symbol::shown(group), std::string(group.hall.trimmed())}) {
-        if (!tells(symbol, group)) continue;
+    const std::string symbol = group_symbol::shown(group);
+    if (!symbol.empty()) {
         out += "SPACEG ";
         out += FixedText<20>(symbol).field();
         out += '\n';

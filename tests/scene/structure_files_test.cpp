@@ -189,9 +189,8 @@ TEST(RoundTrip, LosesWhatTheFormatDoesNotCarry) {
         << "a hidden magnetic atom comes back shown";
 }
 
-/// By the symbol where that tells the group, by its Hall symbol where the symbol means another
-/// setting or there is none, by generators where there is neither. The orders are those of the
-/// groups.
+/// By its symbol, by its Hall symbol where it has no other, by generators where it has neither. The
+/// orders are those of the groups.
 TEST(RoundTrip, KeepsTheGroupHoweverItWasTold) {
     const auto group_lines = [](const std::string& text) {
         std::string lines;
@@ -401,6 +400,15 @@ TEST(ReadFile, ViewsAlongTheAxes) {
     towards(monoclinic, "VIEW 0 -1 0", false, 1);
     towards(monoclinic, "VIEW 0.1604 0 0.9871", false, 2);
     towards(monoclinic, "VIEW -0.9871 0 0.1604", true, 0);
+}
+
+/// Five decimals of this axis make a vector that isn't quite of length 1; made so, it rounds to
+/// another one.
+TEST(RoundTrip, AnAxisThatMovesInReadingIsWrittenAsItWillStay) {
+    read_text("");
+    const std::string text =
+        written(wcfgl_quaternion::q_from_rot(50, {0.813935f, -0.311357f, 0.490475f}));
+    EXPECT_EQ(written(read_text(text)), text);
 }
 
 TEST(ReadFile, AFileWithoutAtomsGivesAnEmptySceneInTheOldBox) {

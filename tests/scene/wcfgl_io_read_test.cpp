@@ -72,6 +72,7 @@ TEST(ReadFile, ANameBeyondItsFieldIsNotReadUnderACutOne) {
     const std::string cut = folder + '/' + std::string(256 - folder.size() - 1, 'x');
     std::ofstream(cut) << "ATOM A H 0 0 0\n";
     std::ofstream(cut + "y") << "ATOM A H 0 0 0\n";
+    scene_calls::clear();
     wcfgl_io::read_gwr_file(cut + "y");
     EXPECT_THAT(scene_calls::all(), ElementsAre("define_spacegroup <P 1>"));
     wcfgl_io::read_gwr_file(cut);
@@ -256,6 +257,8 @@ TEST(ReadView, EachKeywordTurnsAsTold) {
     expect_near(view_of("ROTXYZ 0 0 90\n"), {half, 0, 0, half});
     // x to y by the turn about z, after y to z by the turn about x: the quaternion (1,1,1,1)/2.
     expect_near(view_of("ROTXYZ 90 0 90\n"), {0.5f, 0.5f, 0.5f, 0.5f});
+    // x to -z by the turn about y, y to -x by that about z.
+    expect_near(view_of("ROTXYZ 0 90 90\n"), {0.5f, -0.5f, 0.5f, 0.5f});
     expect_near(view_of("SPHER 90 0\n"), {half, 0, half, 0});
     expect_near(view_of("SPHER 60 90\n"), {std::sqrt(0.75f), -0.5f, 0, 0});
 }
@@ -341,6 +344,13 @@ TEST(ReadMagneticBlock, ALineOfMsymIsNothingElse) {
     EXPECT_THAT(
         magnetic_calls_of("{\nSYMM x,y,z\nMSYM u,v,w,0\n\nMSYM -u,v,w,0 MATOM A H 0 0 0\n}\n"),
         ElementsAre("define_magnetic_phase P x,y,z:<MSYM u,v,w,0>"));
+}
+
+TEST(ReadMagneticBlock, ABlankLineEndsTheComponentsOfAnAtom) {
+    EXPECT_THAT(calls_of("{\nMATOM A H 0 0 0\nSKP 1 1 1 0 0 0 0 0 0\n\nSKP 2 1 1 0 0 0 0 0 0\n}\n",
+                         {"push_matom"}),
+                ElementsAre(testing::AllOf(testing::HasSubstr("[k=1 "),
+                                           testing::Not(testing::HasSubstr("[k=2 ")))));
 }
 
 TEST(ReadMagneticBlock, OnlyTheFirstPhaseOfAFileCounts) {
