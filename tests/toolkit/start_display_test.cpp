@@ -10,6 +10,7 @@
 #include "toolkit/windows/window_slots.hpp"
 
 #include <X11/Xutil.h>
+#include <Xm/Label.h>
 #include <Xm/Xm.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -78,6 +79,24 @@ TEST(StartDisplay, XFontsDrawCharactersAndNotBytes) {
     ASSERT_GT(font.measures.largest_width, 0);
     EXPECT_EQ(text_width(font, "M\u00fcller"), text_width(font, "Muller"));
     EXPECT_EQ(text_width(load_font("nosuchfont"), "x"), text_width(font, "x")) << "in its place";
+}
+
+TEST(StartDisplay, MotifsOwnWidgetsHaveTheDialogsFont) {
+    setenv("XMODIFIERS", "@im=somebodys", 1);
+    winitialise();
+    const Widget label =
+        XtVaCreateWidget("Label", xmLabelWidgetClass, yydisplay.root_widget, XmNmarginWidth, 0,
+                         XmNshadowThickness, 0, XmNhighlightThickness, 0, nullptr);
+    Dimension width = 0;
+    XtVaGetValues(label, XmNwidth, &width, nullptr);
+    EXPECT_EQ(int{width}, text_width(wFonts.dialog, "Label")) << "named as it is";
+    EXPECT_STREQ(XSetLocaleModifiers(nullptr), "@im=somebodys") << "the user's input method";
+}
+
+TEST(StartDisplay, AnEmptyTitleIsNotTheProgramsName) {
+    windowopen2({.width = 300, .height = 200});
+    EXPECT_EQ(text_property(window_slot(0).shell, "WM_NAME"), " ");
+    EXPECT_EQ(text_property(window_slot(0).shell, "_NET_WM_NAME"), " ");
 }
 
 TEST(StartDisplay, AllShellsAreOfTheClassOfTheUsersResources) {

@@ -203,6 +203,29 @@ TEST(WindowsDisplay, StatusBarShowsItsTextAndIgnoresOtherParts) {
     EXPECT_EQ(pixels(bar), right) << "repainted by the toolkit";
 }
 
+TEST(WindowsDisplay, AnItemsPromptCoversTheStatusBarsPartsUntilItEnds) {
+    const Rectangle area = open_root({.flags = 7 | 32, .width = 400, .height = 200});
+    StatusBar& bar = *window_slot(0).status_bar;
+    const auto shown = [area] {
+        drain();
+        return pixels({area.x + 3, area.y + 203, area.width - 6, area.height - 206});
+    };
+    XWindowAttributes only;
+    XGetWindowAttributes(yydisplay.display, bar.parts[0].window, &only);
+    EXPECT_EQ(only.width, 400) << "one part at first";
+    yysetstatusbar2(bar, {rest_of_width, 60, 100});
+    windowoutstatusbar(3, "Line: 1");
+    const std::vector<unsigned> before = shown();
+    yyStatusBarHelp(bar, "Saves the file");
+    const std::vector<unsigned> prompt = shown();
+    EXPECT_NE(prompt, before);
+    windowoutstatusbar(3, "Line: 2");
+    EXPECT_EQ(shown(), prompt);
+    windowoutstatusbar(3, "Line: 1");
+    yyStatusBarHelp(bar, "");
+    EXPECT_EQ(shown(), before);
+}
+
 TEST(WindowsDisplay, IgrselectFallsBackToTheWindow) {
     open_root({.width = 300, .height = 200});
     const int bitmap = wbitmapcreate(64, 32);
@@ -531,6 +554,16 @@ TEST(DialogWindowDisplay, ADialogFillsTheClientArea) {
     EXPECT_EQ(windowopenchild2({.dialog = 9876}), -1);
 }
 
+TEST(DialogWindowDisplay, ShowingItsDialogBringsAMinimisedWindowBack) {
+    open_main();
+    XIconifyWindow(yydisplay.display, window_slot(0).shell, yydisplay.screen_number);
+    poll_until([] { return !is_shown("Root"); });
+    wdialogselect(main_dialog);
+    wdialogshow();
+    poll_until([] { return is_shown("Root"); });
+    EXPECT_EQ(infoerror(1), 0);
+}
+
 TEST(DialogWindowDisplay, WithALargeFontTheFrameStaysOnTheScreen) {
     winitialise();
     // As with a font with which the dialog is larger than the screen.
@@ -699,7 +732,8 @@ TEST(DrawableRowsDisplay, WhatOpenGLHasDrawnIsReadFromTheTopOn) {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         glColor3f(0.0f, 0.0f, 1.0f);
         glRectf(-1.0f, -1.0f, 0.0f, 0.0f);
-        wglswapbuffers();
+        // A bitmap has nothing to swap: the reading waits for what was drawn.
+        if (type == 3) wglswapbuffers();
         const Bytes rows = yygrreadrows(0, height);
         ASSERT_EQ(rows.size(), static_cast<std::size_t>(width * height * 3));
         EXPECT_EQ(colour_at(rows, width, 2, 2), red);
@@ -726,6 +760,13 @@ TEST(DrawablesDisplay, WhatGoesAwayIsNoLongerSelected) {
     EXPECT_EQ(winfodrawable(1), 0);
     ASSERT_EQ(wbitmapcreate(10, 10), 1);
     EXPECT_EQ(winfodrawable(4), 0) << "the next bitmap of the number isn't selected by itself";
+    igrselect(2, 1);
+    {
+        const DrawableScope elsewhere(DrawableType::Window, 0, 0);
+        EXPECT_EQ(drawable.width, 300);
+        wbitmapdestroy(1);
+    }
+    EXPECT_EQ(drawable.type, DrawableType::Nothing) << "gone while another one was selected";
 
     wdialogload(102);
     const int field = wDialogInfo[static_cast<std::size_t>(wDialog)].fields.front().identifier;
