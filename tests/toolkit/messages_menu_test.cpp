@@ -5,12 +5,15 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/focus.hpp"
+#include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/modifier_masks.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
 #include <X11/keysym.h>
+
+#include <chrono>
 
 using namespace tesserakit;
 using namespace display_input;
@@ -224,6 +227,19 @@ TEST_F(MenuSeamsDisplay, APressOutsideAnOpenMenuClosesItAndIsNotTold) {
     EXPECT_EQ(types_of(drain()), (std::vector<int>{MouseButDown, MouseButUp}));
 }
 
+TEST_F(MenuSeamsDisplay, APressOnWhatIsLockedOutClosesTheMenuToo) {
+    const int child =
+        windowopenchild2({.x = 700, .y = 100, .width = 200, .height = 100, .title = "Child"});
+    window_titled("Child");
+    yyMSSemiAddRemove(1, window_object, child);
+    point(at(30, 30));
+    one_item_menu::open();
+    press();
+    release();
+    EXPECT_TRUE(drain().empty());
+    EXPECT_FALSE(one_item_menu::state.open);
+}
+
 TEST_F(MenuSeamsDisplay, APressOutsideAnOpenMenuPressesNoButton) {
     wdialogload(103);
     wdialogshow(700, 300, 0, 2);
@@ -277,8 +293,18 @@ TEST_F(MenuSeamsDisplay, TheOverflowWaitsUntilTheMenuHasClosed) {
     one_item_menu::open();
     wXtMesg2 = {.type = MenuSelect, .value1 = 5};
     EXPECT_TRUE(drain().empty());
+    using Clock = std::chrono::steady_clock;
+    auto start = Clock::now();
+    wmessagewait(10);
+    EXPECT_GE(Clock::now() - start, std::chrono::milliseconds(9)) << "nothing for the next poll";
     one_item_menu::close();
     EXPECT_EQ(wait_for(MenuSelect).VALUE1, 5);
+    drain();
+    wXtMesg2 = {.type = MenuSelect, .value1 = 6};
+    start = Clock::now();
+    wmessagewait(4000);
+    EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(3000)) << "there without any event";
+    EXPECT_EQ(wait_for(MenuSelect).VALUE1, 6);
 }
 
 TEST_F(MenuSeamsDisplay, AnItemIsDrawnByTheMenus) {
