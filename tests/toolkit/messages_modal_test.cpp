@@ -237,6 +237,27 @@ TEST(ModalLoopDisplay, AMenuOfTheModalWindowPassesAndThatOfAnotherDoesNot) {
     yyMSModalAddRemove(nullptr, -1, false);
 }
 
+TEST(ModalLoopDisplay, DamageOfOtherWindowsOutlivesTheLoop) {
+    const Rectangle root = open_root();
+    const int child =
+        windowopenchild2({.x = 700, .y = 500, .width = 200, .height = 100, .title = "Child"});
+    const Rectangle area = window_titled("Child");
+    drain();
+    const Visit visit({[&] {
+                           cover_and_uncover({area.x + 10, area.y + 10, 20, 20});
+                           cover_and_uncover({root.x + 10, root.y + 10, 20, 20});
+                           return true;
+                       },
+                       [] {
+                           bModalMessageLoop = false;
+                           return true;
+                       }});
+    yyMSModalMessageLoop(window_slot(child).client_widget, -1);
+    const std::vector<Received> told = drain();
+    ASSERT_EQ(types_of(told), (std::vector<int>{ExposeMessage}));
+    EXPECT_EQ(told[0].record.WIN, 0) << "the loop's own window is its own to draw";
+}
+
 TEST(ModalLoopDisplay, ALoopClosesAnOpenMenu) {
     open_root();
     static bool open;
@@ -264,6 +285,10 @@ TEST(ModalLoopDisplay, ABoxHangsOnAShellThatIsOnTheScreen) {
     wait_for(MouseButDown);
     EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(child).shell_widget)
         << "where the user is at work";
+    yyMSModalAddRemove(window_slot(0).client_widget, -1, true);
+    EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(0).client_widget)
+        << "before it what has all input";
+    yyMSModalAddRemove(nullptr, -1, false);
     XIconifyWindow(yydisplay.display, window_slot(child).shell, yydisplay.screen_number);
     poll_until([] { return !is_shown("Child"); });
     EXPECT_EQ(yyMSReturnCurrentUserWidget(), window_slot(0).shell_widget);
@@ -306,6 +331,15 @@ TEST(ModalLoopDisplay, AnEditorsMessagesAndCloseAreItsOwn) {
            "close";
     yysettimer(1, 7, 0);
     EXPECT_EQ(wait_for(TimerExpired).VALUE1, 8);
+    static bool changed;
+    changed = false;
+    interpreters.grid_message = [](Mail& mail) {
+        changed = mail.type == TimerExpired;
+        if (changed) mail.type = MouseMove;
+        return false;
+    };
+    yysettimer(1, 7, 0);
+    EXPECT_TRUE(poll_until([] { return changed; }).empty()) << "changed to what isn't enabled";
     EXPECT_TRUE(asked.empty());
     window_slot(child).type = WindowType::Editor;
     close_window("Child");
