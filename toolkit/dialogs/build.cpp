@@ -4,12 +4,13 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/shell_title.hpp"
+#include "toolkit/dialogs/exit.hpp"
 #include "toolkit/dialogs/fields/buttons.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/radio.hpp"
 #include "toolkit/dialogs/focus.hpp"
+#include "toolkit/dialogs/keys.hpp"
 #include "toolkit/dialogs/layout.hpp"
-#include "toolkit/dialogs/post.hpp"
-#include "toolkit/dialogs/values.hpp"
 #include "toolkit/widgets/diag.hpp"
 #include "toolkit/widgets/placement.hpp"
 #include "toolkit/windows/windows.hpp"
@@ -20,7 +21,6 @@
 
 #include <algorithm>
 
-#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -75,6 +75,7 @@ void create_field(FieldRecord& field) {
     kind_of(field).create(field);
     if (!field.position_widget) return;
     set_colours(field);
+    install_keys(field);
     watch_field(field);
     if (field.has_style(field_style::visible))
         XtManageChild(field.position_widget);
@@ -151,7 +152,7 @@ void create_widgets(DialogRecord& dialog, Widget parent) {
     for (FieldRecord& field : dialog.fields) create_field(field);
     set_first_radios(dialog);
     lay_out_fields(dialog);
-    watch_dialog(dialog);
+    install_keys(dialog);
     if (dialog.default_button) yyDGDefaultButtonAddRemove(*dialog.default_button, true);
     XtAddCallback(dialog.widget, diagNresizeCallback, resized, &dialog);
     XtAddCallback(dialog.widget, XmNdestroyCallback, widgets_gone, &dialog);
@@ -161,25 +162,6 @@ void destroy_widgets(DialogRecord& dialog) {
     if (!dialog.widget) return;
     XtRemoveCallback(dialog.widget, XmNdestroyCallback, widgets_gone, &dialog);
     XtDestroyWidget(dialog.shell ? dialog.shell : dialog.widget);
-}
-
-void restack(DialogRecord& dialog) {
-    std::vector<FieldRecord*> behind;
-    for (FieldRecord& field : dialog.fields)
-        if (kind_of(field).behind && field.position_widget && XtIsRealized(field.position_widget))
-            behind.push_back(&field);
-    // Each is lowered below all others, so the largest comes last.
-    const auto area = [](const FieldRecord* field) { return field->box.width * field->box.height; };
-    std::ranges::sort(behind, {}, area);
-    for (FieldRecord* field : behind)
-        XLowerWindow(display_of(field->position_widget), window_of(field->position_widget));
-}
-
-void restack_all(DialogRecord& dialog) {
-    restack(dialog);
-    for (FieldRecord& field : dialog.fields)
-        for (const TabPage& page : field.pages)
-            if (page.slot >= 0) restack(dialog_slot(page.slot));
 }
 
 }  // namespace tesserakit

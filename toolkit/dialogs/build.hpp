@@ -9,9 +9,5 @@ namespace tesserakit {
 void create_widgets(DialogRecord& dialog, Widget parent);
 /// Destroys them, unless a window has taken them along already.
 void destroy_widgets(DialogRecord& dialog);
-/// Puts group boxes and tabs behind the fields that stand in them. The widgets are realized.
-void restack(DialogRecord& dialog);
-/// The same for a dialog and the pages of its tabs.
-void restack_all(DialogRecord& dialog);
 
 }  // namespace tesserakit

@@ -5,10 +5,9 @@
 
 #include "toolkit/dialogs/focus.hpp"
 
-#include "toolkit/dialogs/keys.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/dialogs/validity.hpp"
-#include "toolkit/dialogs/values.hpp"
 
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
@@ -18,7 +17,6 @@
 #include <algorithm>
 #include <set>
 
-#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -125,15 +123,12 @@ void append_stops(DialogRecord& dialog, const FieldRecord* from, std::vector<Fie
 }  // namespace
 
 void watch_field(FieldRecord& field) {
-    install_keys(field);
     if (!field.focus_widget) return;
     XtAddEventHandler(field.focus_widget, FocusChangeMask, False, yyDGFieldChangeFocusEH, &field);
     constexpr EventMask input = ButtonPressMask | ButtonReleaseMask | KeyPressMask;
     for (const Widget widget : std::set{field.position_widget, field.widget, field.focus_widget})
         XtInsertEventHandler(widget, input, False, keep_locked, &field, XtListHead);
 }
-
-void watch_dialog(DialogRecord& dialog) { install_keys(dialog); }
 
 void enter_by_key(FieldRecord& field) {
     XmProcessTraversal(field.focus_widget, XmTRAVERSE_CURRENT);

@@ -5,9 +5,8 @@
 
 namespace tesserakit {
 
-/// Installs the watch of the focus, and the keys, on the widgets of a field, a dialog, a shell.
+/// Installs the watch of the focus on the widgets of a field.
 void watch_field(FieldRecord& field);
-void watch_dialog(DialogRecord& dialog);
 /// Visible, enabled and inside its dialog: the focus can go there.
 bool can_focus(const FieldRecord& field);
 void move_focus(FieldRecord& field);

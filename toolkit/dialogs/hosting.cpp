@@ -1,12 +1,12 @@
 #include "toolkit/dialogs/hosting.hpp"
 
-#include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/keys.hpp"
 #include "toolkit/dialogs/layout.hpp"
 #include "toolkit/dialogs/load.hpp"
 #include "toolkit/dialogs/records.hpp"
 #include "toolkit/dialogs/show.hpp"
+#include "toolkit/dialogs/units.hpp"
 #include "toolkit/widgets/placement.hpp"
 #include "toolkit/windows/event_masks.hpp"
 
@@ -95,7 +95,7 @@ int yyDGhost(int identifier, int window, Widget parent) {
     DialogRecord& dialog = dialog_slot(slot);
     load_records(dialog, identifier);
     dialog.window = window;
-    create_widgets(dialog, parent);
+    build_dialog(dialog, parent);
     return slot;
 }
 

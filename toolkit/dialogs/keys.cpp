@@ -2,16 +2,15 @@
 
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/motif_text.hpp"
-#include "toolkit/dialogs/fields/radio.hpp"
+#include "toolkit/dialogs/exit.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/focus.hpp"
-#include "toolkit/dialogs/post.hpp"
 
 #include <X11/Xutil.h>
 #include <X11/keysym.h>
 
 #include <string>
 
-#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -19,10 +18,6 @@ constexpr int ok_button = 1;
 
 void activate(const FieldRecord& button, XEvent* event) {
     XtCallActionProc(button.widget, xt_name("ArmAndActivate"), event, nullptr, 0);
-}
-
-int focused_identifier(const DialogRecord& dialog, int otherwise) {
-    return dialog.current_field ? dialog.current_field->identifier : otherwise;
 }
 
 /// Return: the button with the focus, else the default button, else OK.

@@ -3,14 +3,15 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/build.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/resize.hpp"
+#include "toolkit/dialogs/units.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/windows/drawables.hpp"
 #include "toolkit/windows/gl_target.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
-#include "toolkit/dialogs/fields/field_kind.hpp"
 namespace tesserakit {
 namespace {
 
@@ -128,9 +129,6 @@ void free_images(DialogRecord& dialog) {
 
 }  // namespace
 
-int pixels_across(int units) { return units * dialog_units.horizontal / 4; }
-int pixels_down(int units) { return units * dialog_units.vertical / 8; }
-
 bool load_records(DialogRecord& dialog, int identifier) {
     int count = 0;
     int title_length = 0;
@@ -150,15 +148,7 @@ bool load_records(DialogRecord& dialog, int identifier) {
     return true;
 }
 
-/// Loads into a free slot: the slot, or -1.
-int load_dialog(int identifier) {
-    const int slot = free_slot();
-    if (slot < 0 || !yydisplay.display) return -1;
-    DialogRecord& dialog = dialog_slot(slot);
-    if (!load_records(dialog, identifier)) return -1;
-    create_widgets(dialog, child_style(dialog) ? loose_parent() : nullptr);
-    return slot;
-}
+namespace {
 
 int load_page(FieldRecord& tab, int identifier) {
     const int slot = free_slot();
@@ -166,7 +156,27 @@ int load_page(FieldRecord& tab, int identifier) {
     DialogRecord& page = dialog_slot(slot);
     if (!load_records(page, identifier)) return -1;
     page.tab = &tab;
-    create_widgets(page, tab.dialog->widget);
+    build_dialog(page, tab.dialog->widget);
+    return slot;
+}
+
+}  // namespace
+
+void build_dialog(DialogRecord& dialog, Widget parent) {
+    create_widgets(dialog, parent);
+    for (FieldRecord& field : dialog.fields) {
+        if (field.pages.empty()) continue;
+        for (TabPage& page : field.pages) page.slot = load_page(field, page.dialog);
+        kind_of(field).fit(field);
+    }
+}
+
+int load_dialog(int identifier) {
+    const int slot = free_slot();
+    if (slot < 0 || !yydisplay.display) return -1;
+    DialogRecord& dialog = dialog_slot(slot);
+    if (!load_records(dialog, identifier)) return -1;
+    build_dialog(dialog, child_style(dialog) ? loose_parent() : nullptr);
     return slot;
 }
 

@@ -12,10 +12,8 @@ Mail dialog_mail(int type, const DialogRecord& dialog, int value1, int value2);
 void post(DialogRecord& dialog, const Mail& mail);
 /// FieldChanged with the field itself.
 void post_changed(FieldRecord& field);
-/// A button was pressed: PushButton, and the end of a modal dialog.
-void yyDGFieldButtonMessage(DialogRecord& dialog, int button, int field);
-/// The window manager's close, and Escape.
-void cancel_dialog(DialogRecord& dialog);
+/// A button of the dialog was the last one pressed in any.
+void note_exit(const DialogRecord& dialog);
 /// A common dialog has ended by this button.
 void note_common_exit(int button);
 /// The button of the last common dialog, absent once a dialog's button has been pressed.

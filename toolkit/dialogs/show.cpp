@@ -2,7 +2,6 @@
 
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/fields/tab.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/layout.hpp"

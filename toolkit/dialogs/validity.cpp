@@ -1,8 +1,8 @@
 #include "toolkit/dialogs/validity.hpp"
 
 #include "toolkit/base/display.hpp"
+#include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/post.hpp"
-#include "toolkit/dialogs/values.hpp"
 #include "toolkit/widgets/placement.hpp"
 
 #include <Xm/Xm.h>

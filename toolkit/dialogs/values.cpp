@@ -1,35 +1,12 @@
-#include "toolkit/dialogs/values.hpp"
+// The calls on the texts and states of fields of any kind.
 
 #include "common/fixed_text.hpp"
-#include "toolkit/dialogs/build.hpp"
-#include "toolkit/dialogs/validity.hpp"
-
 #include "toolkit/dialogs/fields/field_kind.hpp"
+#include "toolkit/dialogs/layout.hpp"
+#include "toolkit/dialogs/validity.hpp"
+#include "toolkit/tesserakit.hpp"
+
 namespace tesserakit {
-std::string widget_text(const FieldRecord& field) {
-    const auto text = kind_of(field).text;
-    return text ? text(field) : std::string();
-}
-
-void set_widget_text(FieldRecord& field, const std::string& text) {
-    if (const auto put_text = kind_of(field).put_text) put_text(field, text);
-}
-
-void apply_state(FieldRecord& field, int state) {
-    if (!field.position_widget) return;
-    const FieldKind& kind = kind_of(field);
-    const bool greyed = state == FieldDisabled;
-    if (kind.grey)
-        kind.grey(field, greyed);
-    else
-        XtSetSensitive(field.position_widget, greyed ? False : True);
-    if (kind.set_read_only) kind.set_read_only(field, state == FieldReadOnly);
-    if (state == FieldHidden)
-        XtUnmanageChild(field.position_widget);
-    else
-        XtManageChild(field.position_widget);
-    field.state = state;
-}
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/fonts.hpp"
+#include "toolkit/dialogs/exit.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
-#include "toolkit/dialogs/post.hpp"
 
 #include <Xm/PushB.h>
 #include <Xm/ToggleB.h>

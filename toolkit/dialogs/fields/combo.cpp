@@ -1,10 +1,11 @@
 #include "toolkit/dialogs/fields/combo.hpp"
 
 #include "toolkit/base/fonts.hpp"
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/menu.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
-#include "toolkit/dialogs/load.hpp"
+#include "toolkit/dialogs/units.hpp"
 #include "toolkit/widgets/combo.hpp"
 
 #include <Xm/ComboBox.h>
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 
-#include "toolkit/base/motif_text.hpp"
 namespace tesserakit {
 int closed_combo_height(const FieldRecord& field) {
     return std::min(field.box.height, pixels_down(12));

@@ -71,6 +71,12 @@ inline const FieldKind& kind_of(const FieldRecord& field) { return kind_of(field
 FieldRecord* current_field_with(int identifier, bool (*serves)(const FieldKind&),
                                 const char* routine);
 
+/// The text that a field shows, empty where it shows none, and a new one, without a message.
+std::string widget_text(const FieldRecord& field);
+void set_widget_text(FieldRecord& field, const std::string& text);
+/// FieldDisabled and the like.
+void apply_state(FieldRecord& field, int state);
+
 extern const FieldKind label_kind;
 extern const FieldKind picture_kind;
 extern const FieldKind group_kind;

@@ -4,8 +4,8 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
-#include "toolkit/dialogs/load.hpp"
 #include "toolkit/dialogs/post.hpp"
+#include "toolkit/dialogs/units.hpp"
 
 #include <Xm/ScrolledW.h>
 

@@ -3,13 +3,13 @@
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/menu.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
+#include "toolkit/widgets/list_items.hpp"
 
 #include <Xm/List.h>
 #include <Xm/ScrolledW.h>
 
 #include <algorithm>
 
-#include "toolkit/widgets/list_items.hpp"
 namespace tesserakit {
 namespace {
 

@@ -2,9 +2,8 @@
 
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/dialogs/values.hpp"
-
 #include "toolkit/dialogs/fields/field_kind.hpp"
+
 namespace tesserakit {
 namespace {
 

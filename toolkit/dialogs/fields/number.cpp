@@ -5,7 +5,6 @@
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/dialogs/validity.hpp"
-#include "toolkit/dialogs/values.hpp"
 #include "toolkit/widgets/spin.hpp"
 
 #include <Xm/Text.h>

@@ -3,13 +3,13 @@
 #include "toolkit/dialogs/fields/buttons.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
+#include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/post.hpp"
 
 #include <Xm/ToggleB.h>
 
 #include <algorithm>
 
-#include "toolkit/dialogs/focus.hpp"
 namespace tesserakit {
 namespace {
 

@@ -2,11 +2,10 @@
 
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/fonts.hpp"
-#include "toolkit/dialogs/build.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 #include "toolkit/dialogs/focus.hpp"
-#include "toolkit/dialogs/load.hpp"
+#include "toolkit/dialogs/layout.hpp"
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/widgets/placement.hpp"
 #include "toolkit/widgets/tab.hpp"
@@ -107,7 +106,6 @@ void create_tab(FieldRecord& field) {
     std::vector<std::string> labels;
     for (const TabPage& page : field.pages) labels.push_back(page.label);
     tab_set_labels(field.widget, wFonts.dialog, std::move(labels));
-    for (TabPage& page : field.pages) page.slot = load_page(field, page.dialog);
     tab_select(field.widget, field.front_page);
     XtAddCallback(field.widget, tabNselectCallback, tab_chosen, &field);
 }

@@ -5,7 +5,6 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
-#include "toolkit/dialogs/values.hpp"
 
 #include <Xm/ScrolledW.h>
 #include <Xm/Text.h>

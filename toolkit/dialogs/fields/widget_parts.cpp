@@ -1,6 +1,7 @@
 #include "toolkit/dialogs/fields/widget_parts.hpp"
 
 #include "toolkit/base/fonts.hpp"
+#include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/picture_scale.hpp"
 #include "toolkit/dialogs/post.hpp"
 #include "toolkit/widgets/border.hpp"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 
-#include "toolkit/base/motif_text.hpp"
 namespace tesserakit {
 namespace {
 
