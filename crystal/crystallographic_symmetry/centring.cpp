@@ -1,6 +1,6 @@
 #include "crystal/crystallographic_symmetry/centring.hpp"
 
-#include "crystal/crystallographic_symmetry/group_table.hpp"
+#include "crystal/crystallographic_symmetry/twelfths.hpp"
 #include "crystal/string_utilities.hpp"
 
 #include <array>

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "common/vec.hpp"
-#include "crystal/crystallographic_symmetry/operators.hpp"
 
 #include <span>
+#include <string_view>
 
 namespace crystallographic_symmetry {
+
+/// Centring letters by lattice index, which counts from 1.
+inline constexpr std::string_view lattice_letters = "PABCIRFZ";
 
 /// By place in lattice_letters, from 1, in twelfths of the cell and without the origin; R is
 /// obverse. None for P, for Z, whose vectors are those of its group, and outside.

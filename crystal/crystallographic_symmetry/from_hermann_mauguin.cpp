@@ -1,5 +1,6 @@
 #include "crystal/crystallographic_symmetry/from_hermann_mauguin.hpp"
 
+#include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
 #include "crystal/crystallographic_symmetry/group_table.hpp"
 #include "crystal/crystallographic_symmetry/hermann_mauguin_elements.hpp"

@@ -6,19 +6,15 @@
 /// origin at a centre of inversion where there is one, hexagonal axes for R.
 #pragma once
 
-#include "common/fixed_text.hpp"
 #include "crystal/crystallographic_symmetry/operators.hpp"
+#include "crystal/crystallographic_symmetry/symbol_parts.hpp"
 
-#include <array>
 #include <string_view>
 
 namespace crystallographic_symmetry {
 
 bool is_axis(char c);   ///< 1 to 6
 bool is_plane(char c);  ///< A, B, C, D, M or N
-
-/// The words of a symbol behind its lattice letter, upper case: one for each direction.
-using SymbolParts = std::array<FixedText<4>, 3>;
 
 /// Sets err_symm with the reason when these words can be no symbol: foreign characters, five-fold
 /// axes, a character twice in one direction, an axis and a plane without the slash, two planes,

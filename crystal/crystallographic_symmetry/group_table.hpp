@@ -3,6 +3,7 @@
 
 #include "common/vec.hpp"
 #include "crystal/crystallographic_symmetry/operators.hpp"
+#include "crystal/crystallographic_symmetry/twelfths.hpp"
 
 #include <array>
 #include <cstddef>
@@ -14,13 +15,6 @@ namespace crystallographic_symmetry {
 
 inline constexpr Matrix3i identity_rotation{{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}};
 inline constexpr Matrix3i inversion_rotation{{{{-1, 0, 0}, {0, -1, 0}, {0, 0, -1}}}};
-
-/// A translation in whole twelfths of the cell, each 0 to 11. Fractions go to the nearest twelfth,
-/// and numbers no cell can have to some twelfth.
-Vector3i twelfths(const Vector3f& tr);
-Vector3i folded_twelfths(const Vector3i& tr);
-/// Twelfths x (1/12), in 32-bit arithmetic.
-Vector3f cell_fractions(const Vector3i& tr);
 
 /// Up to 24 operators, the identity first, with translations in twelfths, so that closing them is
 /// exact.

@@ -4,8 +4,8 @@
 
 #include "common/fixed_text.hpp"
 #include "common/vec.hpp"
-#include "crystal/crystallographic_symmetry/from_hermann_mauguin.hpp"
 #include "crystal/crystallographic_symmetry/operators.hpp"
+#include "crystal/crystallographic_symmetry/symbol_parts.hpp"
 
 #include <array>
 #include <cstddef>

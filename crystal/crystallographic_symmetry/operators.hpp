@@ -19,9 +19,6 @@ inline constexpr std::size_t max_operators = 192;      ///< of a whole group
 inline constexpr std::size_t max_reduced = 24;         ///< without inversion and centring
 inline constexpr std::size_t max_lattice_points = 12;  ///< in one cell
 
-/// Centring letters by lattice index, which counts from 1.
-inline constexpr std::string_view lattice_letters = "PABCIRFZ";
-
 /// x' = rot x + tr
 struct Sym_Oper_Type {
     Matrix3i rot{};  ///< rot[i][j] multiplies coordinate j in output row i
@@ -68,8 +65,9 @@ void set_err_symm(std::string_view message);
 /// Reads a coordinate triplet from the 1-based position `start` on: letters in either case,
 /// blanks anywhere, one-digit coefficients ("2x"), a translation as fraction or decimal before or
 /// behind the letters, rows ended by "," or "*". A letter named twice counts as last named; after
-/// a "/" every later number of the row divides ("1/2+1/4" is 1/8); a last row that isn't there repeats the one
-/// before. Fails on a blank row, a foreign character, or a determinant of 0 (2 passes). `rot` and
+/// a "/" every later number of the row divides ("1/2+1/4" is 1/8); a last row that isn't there
+/// repeats the one before. Fails on a blank row, a foreign character, or a determinant of 0 (2
+/// passes). `rot` and
 /// `*tr` are cleared first; `tr` may be null.
 void read_xsym(std::string_view text, int start, Matrix3i& rot, Vector3f* tr = nullptr);
 

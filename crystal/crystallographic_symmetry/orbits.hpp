@@ -8,7 +8,7 @@
 #include "common/fixed_text.hpp"
 #include "common/vec.hpp"
 #include "crystal/crystallographic_symmetry/operators.hpp"
-#include "crystal/crystallographic_symmetry/space_group.hpp"
+#include "crystal/crystallographic_symmetry/space_group_record.hpp"
 
 #include <array>
 #include <span>

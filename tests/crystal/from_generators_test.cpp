@@ -1,4 +1,5 @@
 #include "crystal/crystallographic_symmetry/from_generators.hpp"
+#include "crystal/crystallographic_symmetry/centring.hpp"
 
 #include "crystal/crystallographic_symmetry/group_table.hpp"
 

@@ -1,4 +1,5 @@
 #include "crystal/crystallographic_symmetry/from_hermann_mauguin.hpp"
+#include "crystal/crystallographic_symmetry/centring.hpp"
 
 #include "crystal/crystallographic_symmetry/from_hall.hpp"
 #include "crystal/symmetry_tables/rows.hpp"

@@ -1,4 +1,5 @@
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
+#include "crystal/crystallographic_symmetry/space_group.hpp"
 
 #include "crystal/crystallographic_symmetry/centring.hpp"
 #include "crystal/crystallographic_symmetry/operator_tables.hpp"

@@ -1,4 +1,5 @@
 #include "crystal/crystallographic_symmetry/orbits.hpp"
+#include "crystal/crystallographic_symmetry/space_group.hpp"
 
 #include "crystal/math_gen.hpp"
 #include "crystal/symmetry_tables/rows.hpp"
