@@ -22,6 +22,7 @@ struct State {
     std::array<Counter, most_counters> counters{};
     std::size_t counter_count = 0;
     bool changed = true;
+    unsigned group = 0;        ///< spacegroup_number that was counted with
     std::optional<Box> whole;  ///< what `part` was chosen for
     Box part{};
     bool crowded = false;  ///< even the smallest part holds too much
@@ -87,6 +88,7 @@ void choose_part(const Box& whole) {
     const Box before = state.part;
     const bool was_crowded = state.crowded;
     state.changed = false;
+    state.group = wcfgl_metrix::spacegroup_number;
     state.whole = whole;
     state.part = whole;
     state.crowded = false;
@@ -108,7 +110,9 @@ void contents_changed() { state.changed = true; }
 const Box& box() {
     if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();
     const Box& whole = *wcfgl_metrix::current_box;
-    if (state.changed || !state.whole || !same(*state.whole, whole)) choose_part(whole);
+    const bool same_group = state.group == wcfgl_metrix::spacegroup_number;
+    if (state.changed || !same_group || !state.whole || !same(*state.whole, whole))
+        choose_part(whole);
     return state.part;
 }
 

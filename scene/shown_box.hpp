@@ -28,12 +28,13 @@ using Counter = double (*)(const Box& box, Count count);
 /// For each list once, at the start of the program.
 void add_counter(Counter counter);
 
-/// To be called when a list may hold more or fewer objects than before.
+/// To be called when a list may hold more or fewer objects than before, but for another group,
+/// which is seen here.
 void contents_changed();
 
 /// The box that the lists are to fill: current_box, or its middle where the whole would hold more
-/// than most_objects. Counts first if box or contents have changed. Makes the default box if there
-/// is none.
+/// than most_objects. Counts first if box, group or contents have changed. Makes the default box if
+/// there is none.
 const Box& box();
 
 /// Another number each time that all lists are to be compiled anew because another part of the same
