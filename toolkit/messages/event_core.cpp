@@ -100,6 +100,7 @@ void key_down(const XKeyEvent& event, const Key& key, int window) {
         key.keysym, std::string_view(key.text.data(), static_cast<std::size_t>(key.length)),
         (event.state & ShiftMask) != 0, (event.state & ControlMask) != 0);
     if (code == 0) return;
+    // VALUE2 of a key means nothing, and stays what an earlier step has left there.
     put_message({.type = KeyDown,
                  .value1 = code,
                  .value2 = wXtMesg.value2,
@@ -156,6 +157,7 @@ Mail button_mail(const XButtonEvent& event) {
             .time = server_time(event.time)};
 }
 
+/// VALUE1 of a move in a window means nothing, and stays what an earlier step has left there.
 Mail motion_mail(const XMotionEvent& event) {
     return {.type = MouseMove,
             .value1 = wXtMesg.value1,

@@ -43,7 +43,8 @@ Mail on_its_way(Mail mail) {
 
 Mail take_posted() { return pending_type() != 0 ? on_its_way(std::exchange(wXtMesg, {})) : Mail{}; }
 
-bool pointer_or_key(int type) {
+/// What the X windows are asked for by the type's switch: keys, pointer and damage.
+bool of_window_contents(int type) {
     return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
            type == MouseButDblClick;
 }
@@ -51,7 +52,7 @@ bool pointer_or_key(int type) {
 /// What the user does in an open menu isn't the application's; what the server and the widgets
 /// tell is, once the menu has closed.
 bool outlives_menu(const Mail& mail) {
-    return mail.type == ExposeMessage || !pointer_or_key(mail.type);
+    return mail.type == ExposeMessage || !of_window_contents(mail.type);
 }
 
 /// The next message for the application, in the order in which they came.
@@ -74,7 +75,7 @@ Mail yydispatchmessage(bool wait) {
 }
 
 bool has_source(int type) {
-    return pointer_or_key(type) || type == Resize || type == BitmapScrolled;
+    return of_window_contents(type) || type == Resize || type == BitmapScrolled;
 }
 
 DrawableScope source_of(const MessageRecord& record) {
@@ -122,7 +123,7 @@ void yyevent(const Mail& mail, MessageRecord& record) {
     record.TIME = mail.time;
     if (!has_source(mail.type)) return;
     const DrawableScope source = source_of(record);
-    if (pointer_or_key(mail.type)) convert_position(record);
+    if (of_window_contents(mail.type)) convert_position(record);
     if (mail.type == ExposeMessage) convert_extent(mail, record);
 }
 
@@ -143,9 +144,13 @@ void deliver(const Mail& mail, int& type, MessageRecord& record) {
     if (type == Resize) refresh_drawable();
 }
 
-bool changes_mask(int type) {
-    return type == KeyDown || (type >= MouseButDown && type <= ExposeMessage) ||
-           type == MouseButDblClick;
+/// Windows with contents of their own may have something to ask first.
+void close_request(int window) {
+    const WindowType type = window_slot(window).type;
+    const bool own =
+        type == WindowType::Editor || type == WindowType::BitmapViewer || type == WindowType::Grid;
+    if (own && interpreters.close(window)) return;
+    yyDGSendTesserakitMessage(nullptr, {.type = CloseRequest, .win = window});
 }
 
 }  // namespace
@@ -206,22 +211,9 @@ void wmessageenable(int type, int state) {
     if (type < 1 || type > message_types) return;
     set_message_enabled(type, state == 1);
     if (type == TimerExpired) TimerEnabled = state == 1;
-    if (!changes_mask(type) || !yydisplay.display) return;
+    if (!of_window_contents(type) || !yydisplay.display) return;
     apply_message_masks(bPointerGrabbed);
 }
-
-namespace {
-
-/// Windows with contents of their own may have something to ask first.
-void close_request(int window) {
-    const WindowType type = window_slot(window).type;
-    const bool own =
-        type == WindowType::Editor || type == WindowType::BitmapViewer || type == WindowType::Grid;
-    if (own && interpreters.close(window)) return;
-    yyDGSendTesserakitMessage(nullptr, {.type = CloseRequest, .win = window});
-}
-
-}  // namespace
 
 void install_messages() {
     message_hooks = {
