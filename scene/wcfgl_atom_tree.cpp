@@ -10,6 +10,10 @@
 #include "scene/wcfgl_metrix.hpp"
 #include "scene/wcfgl_objects_definition.hpp"
 
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
 namespace wcfgl_atom_tree {
 namespace {
 

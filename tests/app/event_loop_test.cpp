@@ -1,10 +1,9 @@
 #include "app/event_loop.hpp"
 
-#include "tests/app/loaded_dialogs.hpp"
-
 #include "app/program_state.hpp"
 #include "scene/wcfgl_objects_definition.hpp"
 #include "scene/wcfgl_trackball.hpp"
+#include "tests/app/loaded_dialogs.hpp"
 #include "tests/support/gl_record.hpp"
 #include "tests/support/temp_file.hpp"
 

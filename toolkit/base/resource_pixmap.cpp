@@ -1,11 +1,11 @@
 #include "toolkit/base/resource_pixmap.hpp"
 
-#include <array>
-
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
+
+#include <array>
 
 namespace tesserakit {
 

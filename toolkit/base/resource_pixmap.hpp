@@ -1,9 +1,9 @@
 /// Images of the resource block as pixmaps, and the colours they share.
 #pragma once
 
-#include <bitset>
-
 #include <X11/Xlib.h>
+
+#include <bitset>
 
 namespace tesserakit {
 

@@ -1,8 +1,8 @@
 #include "toolkit/resource/resource_image.hpp"
 
-#include <algorithm>
-
 #include "toolkit/resource/yyrc.hpp"
+
+#include <algorithm>
 
 namespace tesserakit {
 namespace {

@@ -1,9 +1,9 @@
 #include "toolkit/resource/yyrc.hpp"
 
+#include "toolkit/resource/rows.hpp"
+
 #include <algorithm>
 #include <functional>
-
-#include "toolkit/resource/rows.hpp"
 
 namespace tesserakit {
 namespace {

@@ -1,7 +1,6 @@
 #include "toolkit/windows/status_bar.hpp"
 
 #include "common/fixed_text.hpp"
-
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/fonts.hpp"
@@ -11,6 +10,7 @@
 #include <Xm/DrawingA.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tesserakit {
 

@@ -29,8 +29,7 @@ struct WindowSlot {
     Widget shell_widget = nullptr;
     Widget window_widget = nullptr;
     Widget client_widget = nullptr;
-    Widget content =
-        nullptr;  ///< covers the client area in the ClientWindow's place, null for none
+    Widget content = nullptr;  ///< shown in the ClientWindow's place; null for none
 
     bool visible = false;
     WindowType type = WindowType::Plain;

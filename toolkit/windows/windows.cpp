@@ -1,7 +1,6 @@
 #include "toolkit/windows/windows.hpp"
 
 #include "common/fixed_text.hpp"
-
 #include "toolkit/base/colours.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"

@@ -1,14 +1,14 @@
 /// What a catalogue says, before it becomes tables: dialogs, menus, toolbars, strings, images.
 #pragma once
 
+#include "toolkit/resource/yyrc.hpp"
+
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "toolkit/resource/yyrc.hpp"
 
 namespace catalogue {
 

@@ -1,7 +1,7 @@
+#include "toolkit/resource/generator/reader.hpp"
+
 #include <algorithm>
 #include <set>
-
-#include "toolkit/resource/generator/reader.hpp"
 
 namespace catalogue {
 namespace {

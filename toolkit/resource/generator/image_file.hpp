@@ -1,11 +1,11 @@
 /// Image files of the catalogue, and the text form that the resource block keeps them in.
 #pragma once
 
+#include "toolkit/resource/generator/catalogue.hpp"
+
 #include <cstdint>
 #include <span>
 #include <string>
-
-#include "toolkit/resource/generator/catalogue.hpp"
 
 namespace catalogue {
 

@@ -1,12 +1,12 @@
 /// One line of a catalogue as words, and the reading of numbers and texts from them.
 #pragma once
 
+#include "toolkit/resource/generator/catalogue.hpp"
+
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "toolkit/resource/generator/catalogue.hpp"
 
 namespace catalogue {
 

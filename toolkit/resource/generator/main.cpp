@@ -5,16 +5,16 @@
 /// Pictures stand in the folder images beside the catalogue file that names them.
 /// Everything that is wrong is told with file and line; then nothing is written and the exit
 /// status is 1.
+#include "toolkit/resource/generator/image_file.hpp"
+#include "toolkit/resource/generator/reader.hpp"
+#include "toolkit/resource/generator/tables_writer.hpp"
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <span>
 #include <sstream>
 #include <string>
-
-#include "toolkit/resource/generator/image_file.hpp"
-#include "toolkit/resource/generator/reader.hpp"
-#include "toolkit/resource/generator/tables_writer.hpp"
 
 namespace {
 

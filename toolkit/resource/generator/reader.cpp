@@ -1,11 +1,11 @@
 #include "toolkit/resource/generator/reader.hpp"
 
+#include "toolkit/resource/generator/field_line.hpp"
+#include "toolkit/resource/generator/line_words.hpp"
+
 #include <algorithm>
 #include <tuple>
 #include <utility>
-
-#include "toolkit/resource/generator/field_line.hpp"
-#include "toolkit/resource/generator/line_words.hpp"
 
 namespace catalogue {
 namespace {

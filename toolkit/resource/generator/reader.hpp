@@ -9,10 +9,10 @@
 /// A line that is wrong is noted and left out; the lines behind it are still read.
 #pragma once
 
+#include "toolkit/resource/generator/catalogue.hpp"
+
 #include <string>
 #include <string_view>
-
-#include "toolkit/resource/generator/catalogue.hpp"
 
 namespace catalogue {
 

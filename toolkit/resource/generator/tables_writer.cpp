@@ -1,13 +1,13 @@
 #include "toolkit/resource/generator/tables_writer.hpp"
 
+#include "toolkit/resource/generator/image_file.hpp"
+#include "toolkit/resource/rows.hpp"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
 #include <utility>
-
-#include "toolkit/resource/generator/image_file.hpp"
-#include "toolkit/resource/rows.hpp"
 
 namespace catalogue {
 namespace {

@@ -1,9 +1,9 @@
 /// Turns a catalogue into the source text of the resource block.
 #pragma once
 
-#include <string>
-
 #include "toolkit/resource/generator/catalogue.hpp"
+
+#include <string>
 
 namespace catalogue {
 
