@@ -2,6 +2,7 @@
 
 #include "toolkit/base/errors.hpp"
 #include "toolkit/base/locale_text.hpp"
+#include "toolkit/base/motif_text.hpp"
 
 #include <X11/Shell.h>
 #include <X11/StringDefs.h>
@@ -41,7 +42,7 @@ constexpr std::array fallback_resources{
 void set_fallback_resources() {
     static std::array<char*, fallback_resources.size() + 1> lines{};
     std::ranges::transform(fallback_resources, lines.begin(),
-                           [](const char* line) { return const_cast<String>(line); });
+                           [](const char* line) { return xt_name(line); });
     XtAppSetFallbackResources(yydisplay.app, lines.data());
 }
 
@@ -67,7 +68,7 @@ String follow_locale(Display*, String language, XtPointer) {
     const char* locale = use_locale(language);
     // Input methods: those of XMODIFIERS, else the built-in one.
     if (!XSetLocaleModifiers("")) XSetLocaleModifiers("@im=none");
-    return const_cast<String>(locale);
+    return xt_name(locale);
 }
 
 void stop_drags() {

@@ -1,6 +1,7 @@
 #include "toolkit/base/x_resources.hpp"
 
 #include "toolkit/base/display.hpp"
+#include "toolkit/base/motif_text.hpp"
 
 #include <X11/StringDefs.h>
 
@@ -11,27 +12,24 @@ namespace tesserakit {
 
 namespace {
 
-String text(const char* name) { return const_cast<String>(name); }
+XtResource resource(const char* name, const char* kind, const char* type, std::size_t size,
+                    std::size_t offset, const char* standard) {
+    return {.resource_name = xt_name(name),
+            .resource_class = xt_name(kind),
+            .resource_type = xt_name(type),
+            .resource_size = static_cast<Cardinal>(size),
+            .resource_offset = static_cast<Cardinal>(offset),
+            .default_type = xt_name(XtRString),
+            .default_addr = xt_name(standard)};
+}
 
 XtResource font_resource(const char* name, std::size_t offset, const char* standard) {
-    return {text(name),
-            text("DialogFont"),
-            text(XtRString),
-            sizeof(String),
-            static_cast<Cardinal>(offset),
-            text(XtRString),
-            text(standard)};
+    return resource(name, "DialogFont", XtRString, sizeof(String), offset, standard);
 }
 
 XtResource colour_resource(const char* name, const char* kind, std::size_t offset,
                            const char* standard) {
-    return {text(name),
-            text(kind),
-            text(XtRPixel),
-            sizeof(Pixel),
-            static_cast<Cardinal>(offset),
-            text(XtRString),
-            text(standard)};
+    return resource(name, kind, XtRPixel, sizeof(Pixel), offset, standard);
 }
 
 }  // namespace
