@@ -64,7 +64,7 @@ struct WindowRequest {
     std::array<int, 4> toolbars{};  ///< top, left, right, bottom; 0 none
     int dialog = 0;                 ///< dialog that fills the client area, 0 none
     std::string_view title;
-    int colours = 16;  ///< colours kept free on an 8-bit display: 16, 32, 64 or 128
+    int colours = 16;  ///< taken, and used by nothing: no colour map is so small any more
 };
 
 /// Opens the root window, slot 0. A dialog that can't be shown in it leaves an error (1007 not in

@@ -78,19 +78,9 @@ TEST_F(ResourceDisplay, TheBackgroundsShadeStaysWhatItIsUnlessAskedFor) {
     EXPECT_EQ(code_of(ServerImage(image).pixel(0, 0)), image_background);
 }
 
-TEST_F(ResourceDisplay, ALargeImageFitsItsRoomInItsProportions) {
-    const ResourcePixmap splash = yyResourceLoadImageInto(300, 300, 1199, image_kind::bitmap, true);
-    EXPECT_EQ(splash.width, 300);
-    EXPECT_EQ(splash.height, 200);  // 660 / 986 of 300
-    const ResourcePixmap whole =
-        yyResourceLoadImageInto(1000, 1000, 1199, image_kind::bitmap, true);
-    expect_drawn(resource_image_pixels(1199, image_kind::bitmap), whole, false);
-}
-
 TEST_F(ResourceDisplay, AMissingImageHasStatusThree) {
     EXPECT_EQ(yyResourceLoadImage(77, image_kind::bitmap, true).status, 3);
     EXPECT_EQ(yyResourceLoadImage(1002, image_kind::icon, true).status, 3);
-    EXPECT_EQ(yyResourceLoadImageInto(9, 9, 77, image_kind::bitmap, true).status, 3);
 }
 
 }  // namespace

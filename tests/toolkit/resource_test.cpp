@@ -540,22 +540,6 @@ TEST(ImageRuns, TransparentRunsKeepTheirColour) {
     EXPECT_EQ(run->colour, 0xFFF);
 }
 
-TEST(ShrunkImage, PixelsAreMeansOfWhatTheyCover) {
-    constexpr std::uint16_t clear = ImagePixels::transparent;
-    const ImagePixels image{.width = 4,
-                            .height = 2,
-                            .colours = {0x000, 0x00F, 0x800, clear,  //
-                                        0x00F, 0x00E, clear, clear}};
-    const ImagePixels half = shrunk_to_fit(image, 2, 9);
-    EXPECT_EQ(half.width, 2);
-    EXPECT_EQ(half.height, 1);
-    // (0 + 15 + 15 + 14) / 4 is 11; the other area is mostly clear.
-    EXPECT_THAT(half.colours, ElementsAre(0x00B, clear));
-    EXPECT_EQ(shrunk_to_fit(image, 4, 2).colours, image.colours);
-    EXPECT_EQ(shrunk_to_fit(image, 0, 1).colours, image.colours);
-    EXPECT_EQ(shrunk_to_fit(image, 1, 1).colours.size(), 1U);  // never nothing
-}
-
 TEST(ImageRuns, DamagedCodesEndTheImage) {
     constexpr int huge = std::numeric_limits<int>::max();
     const std::string bad = code(5) + " \x7f";

@@ -25,7 +25,6 @@ struct DisplayInfo {
     Atom wm_protocols = 0;
     Atom wm_delete_window = 0;
     Atom wm_colormap_windows = 0;
-    int reserved_colours = 16;  ///< kept free on an 8-bit display: 16, 32, 64 or 128
 };
 extern DisplayInfo yydisplay;
 

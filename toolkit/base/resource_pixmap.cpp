@@ -104,20 +104,6 @@ GC begin_drawing(const ResourcePixmap& image, int kind) {
     return gc;
 }
 
-/// The run of one colour from x on.
-ImageRun run_at(const ImagePixels& pixels, int x, int y) {
-    const auto width = static_cast<std::size_t>(pixels.width);
-    const std::uint16_t* row = pixels.colours.data() + static_cast<std::size_t>(y) * width;
-    const std::uint16_t* end = row + x;
-    while (end < row + width && *end == row[x]) ++end;
-    const int colour = row[x];
-    return {.x = x,
-            .y = y,
-            .length = static_cast<int>(end - row) - x,
-            .colour = colour & 0xFFF,
-            .transparent = colour == ImagePixels::transparent};
-}
-
 /// The server refuses a size that doesn't fit its memory only later, by an error: the trap waits
 /// for it.
 Pixmap create_pixmap(int width, int height) {
@@ -157,26 +143,6 @@ ResourcePixmap yyResourceLoadImage(int identifier, int kind, bool dialog_backgro
     ImageRuns runs(codes, image.width, image.height);
     while (const std::optional<ImageRun> run = runs.next()) {
         draw_run(*run, kind, dialog_background, image, gc);
-    }
-    XFreeGC(yydisplay.display, gc);
-    return image;
-}
-
-ResourcePixmap yyResourceLoadImageInto(int room_width, int room_height, int identifier, int kind,
-                                       bool dialog_background) {
-    const ImagePixels pixels =
-        shrunk_to_fit(resource_image_pixels(identifier, kind), room_width, room_height);
-    if (pixels.colours.empty()) return {.status = 3};
-    ResourcePixmap image{.width = pixels.width, .height = pixels.height};
-    image.pixmap = create_pixmap(image.width, image.height);
-    if (image.pixmap == 0) return {.status = 2};
-    GC gc = begin_drawing(image, kind);
-    for (int y = 0; y < pixels.height; ++y) {
-        for (int x = 0; x < pixels.width;) {
-            const ImageRun run = run_at(pixels, x, y);
-            draw_run(run, kind, dialog_background, image, gc);
-            x += run.length;
-        }
     }
     XFreeGC(yydisplay.display, gc);
     return image;

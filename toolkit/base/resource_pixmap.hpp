@@ -31,10 +31,6 @@ struct ResourcePixmap {
 /// has the screen's depth. An image without pixels, or none of that identifier, has status 3.
 ResourcePixmap yyResourceLoadImage(int identifier, int kind, bool dialog_background);
 
-/// The same, made smaller in its proportions where the image is larger than the room in pixels.
-ResourcePixmap yyResourceLoadImageInto(int room_width, int room_height, int identifier, int kind,
-                                       bool dialog_background);
-
 /// Gives back the colours of one image; a colour that no other image uses leaves the colour map.
 /// The pixmap stays.
 void yyResourceFreeImagePixels(ResourcePixmap& image);

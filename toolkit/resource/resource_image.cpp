@@ -19,39 +19,6 @@ int digit(char c) {
     return value < digit_base ? std::max(value, -1) : -1;
 }
 
-std::uint16_t pixel_at(const ImagePixels& image, int x, int y) {
-    return image.colours[static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width) +
-                         static_cast<std::size_t>(x)];
-}
-
-struct Area {
-    int left, top, right, bottom;  ///< the last two lie outside
-};
-
-/// Mean colour of an area; transparent when less than half of it is told.
-std::uint16_t mean_colour(const ImagePixels& image, const Area& area) {
-    int told = 0;
-    int sum[3] = {};
-    for (int y = area.top; y < area.bottom; ++y) {
-        for (int x = area.left; x < area.right; ++x) {
-            const int colour = pixel_at(image, x, y);
-            if (colour == ImagePixels::transparent) continue;
-            ++told;
-            for (int i = 0; i < 3; ++i) sum[i] += (colour >> (4 * i)) & 0xF;
-        }
-    }
-    const int all = (area.right - area.left) * (area.bottom - area.top);
-    if (2 * told < all || told == 0) return ImagePixels::transparent;
-    int mean = 0;
-    for (int i = 0; i < 3; ++i) mean |= ((2 * sum[i] + told) / (2 * told)) << (4 * i);
-    return static_cast<std::uint16_t>(mean);
-}
-
-/// Edge number i of `count` equal pieces of a length.
-int edge(int i, int count, int length) {
-    return static_cast<int>(std::int64_t{length} * i / count);
-}
-
 }  // namespace
 
 ImageRuns::ImageRuns(std::string_view codes, int width, int height)
@@ -106,25 +73,6 @@ ImagePixels resource_image_pixels(int identifier, int kind) {
                     static_cast<std::uint16_t>(run->colour));
     }
     return image;
-}
-
-ImagePixels shrunk_to_fit(const ImagePixels& image, int room_width, int room_height) {
-    const bool fits = image.width <= room_width && image.height <= room_height;
-    if (fits || room_width <= 0 || room_height <= 0) return image;
-    const double scale = std::min(static_cast<double>(room_width) / image.width,
-                                  static_cast<double>(room_height) / image.height);
-    ImagePixels small;
-    small.width = std::max(1, static_cast<int>(image.width * scale + 1e-9));
-    small.height = std::max(1, static_cast<int>(image.height * scale + 1e-9));
-    for (int y = 0; y < small.height; ++y) {
-        for (int x = 0; x < small.width; ++x) {
-            small.colours.push_back(mean_colour(
-                image,
-                {edge(x, small.width, image.width), edge(y, small.height, image.height),
-                 edge(x + 1, small.width, image.width), edge(y + 1, small.height, image.height)}));
-        }
-    }
-    return small;
 }
 
 }  // namespace tesserakit

@@ -59,8 +59,4 @@ struct ImagePixels {
 /// damaged block are transparent.
 ImagePixels resource_image_pixels(int identifier, int kind);
 
-/// The image, made smaller in its proportions where it doesn't fit; each pixel is the mean of
-/// those it covers. A room without area changes nothing.
-ImagePixels shrunk_to_fit(const ImagePixels& image, int room_width, int room_height);
-
 }  // namespace tesserakit

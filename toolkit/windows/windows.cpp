@@ -245,8 +245,6 @@ void report_dialog(int status) {
     }
 }
 
-int reserved_colours(int asked) { return asked == 32 || asked == 64 || asked == 128 ? asked : 16; }
-
 /// Why a parent can't hold a window inside its client area, 0 when it can.
 int parent_status(int parent) {
     if (parent < 0 || parent >= window_slots || !window_slot(parent).open()) return -5;
@@ -373,7 +371,6 @@ void windowopen2(const WindowRequest& request) {
     winitialise();
     if (window_slot(0).open()) return;
     first_window();
-    yydisplay.reserved_colours = reserved_colours(request.colours);
     const int status = yycreatewindow(0, request, plan_on_screen(request), -1);
     report_dialog(status);
     wCurrentWindow = 0;
