@@ -153,9 +153,9 @@ void wdialogload(int dialog);
 /// Makes a loaded dialog current, and 1008 for any other.
 void wdialogselect(int dialog);
 /// Shows the current dialog, in front, also a minimised one. x and y are window units (0 to 9999)
-/// of the current window's client area, or of the screen without a window. `field` gets the focus, 0 the first that can have it. 1014
-/// for a modeless dialog while a semi-modal object is up (it is shown semi-modal), 1016, 1046,
-/// 1047 when its place can't show it.
+/// of the current window's client area, or of the screen without a window. `field` gets the focus,
+/// 0 the first that can have it. 1014 for a modeless dialog while a semi-modal object is up (it is
+/// shown semi-modal), 1016, 1046, 1047 when its place can't show it.
 void wdialogshow(int x = dialog_centred, int y = dialog_centred, int field = 0,
                  int mode = DialogModeless);
 /// Hides the current dialog. A page of a tab can't be hidden or unloaded by itself.
@@ -237,9 +237,9 @@ void wgridputcellstring(int field, int column, int row, std::string_view text);
 void wgridgetcellstring(int field, int column, int row, std::string& text);
 void wgridlabelrow(int field, int row, std::string_view text);
 
-/// 1005 without a dialog. After a common dialog 1 and 4 are its button, until a dialog's is pressed.
-/// 1: button that ended the current dialog; 2: field that had the focus last; 3: current dialog;
-/// 4: field of the last button message; 5: dialog that a button ended last; 6, 7: position;
+/// 1005 without a dialog. After a common dialog 1 and 4 are its button, until a dialog's is
+/// pressed. 1: button that ended the current dialog; 2: field that had the focus last; 3: current
+/// dialog; 4: field of the last button message; 5: dialog that a button ended last; 6, 7: position;
 /// 8, 9: size, all in pixels; 10: type of the dialog: 0 hidden, else its DialogMode. 0 otherwise.
 int winfodialog(int item);
 
