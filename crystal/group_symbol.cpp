@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <span>
+#include <utility>
 
 namespace group_symbol {
 namespace {
@@ -68,6 +69,20 @@ void add_old_cubic_choice(const SpgrRow& row, std::string symbol, Spellings& spe
     spellings.push_back({symbol.erase(axis, 1), &row});
 }
 
+/// The choice as one letter behind the symbol, the way published files write it: "R -3 C H". S and
+/// Z are the origins that others call 1 and 2.
+void add_choice_letters(Spellings& spellings) {
+    constexpr std::string_view codes = "12HR", letters = "SZHR";
+    for (std::size_t i = 0, count = spellings.size(); i < count; ++i) {
+        std::string text = spellings[i].text;
+        if (text.size() < 3 || text[0] < 'A' || text[text.size() - 2] != ':') continue;
+        const std::size_t code = codes.find(text.back());
+        if (code == std::string_view::npos) continue;
+        text.replace(text.size() - 2, 2, 1, letters[code]);
+        spellings.push_back({std::move(text), spellings[i].row});
+    }
+}
+
 /// All that the table's rows are called, sorted; of equal texts, the one that is nearest to the
 /// table first.
 Spellings all_spellings() {
@@ -83,6 +98,7 @@ Spellings all_spellings() {
         add_number(row, spellings);
         add_double_glide(row, symbol, spellings);
     }
+    add_choice_letters(spellings);
     std::ranges::stable_sort(spellings, {}, &Spelling::text);
     return spellings;
 }

@@ -16,7 +16,8 @@ namespace group_symbol {
 /// Blanks and underscores don't count ("P21/c", "P 6_3/m m c"), nor does case. ":2" and ":H" name
 /// the choice that a bare symbol means; a number takes ":1", ":2", ":R" or ":H" ("227:2"); the
 /// double glide e stands in groups 39, 41, 64, 67 and 68 ("C m c e"); an old cubic spelling takes
-/// ":1" ("F d 3 m:1"). The result is 12 characters at most when it isn't `written`.
+/// ":1" ("F d 3 m:1"). A last letter S, Z, H or R stands for ":1", ":2", ":H" or ":R"
+/// ("R -3 c H"). The result is 12 characters at most when it isn't `written`.
 std::string table_text(std::string_view written);
 
 /// A text that table_text and set_spacegroup turn into this group: its tabulated symbol, or else

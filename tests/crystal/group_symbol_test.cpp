@@ -114,6 +114,22 @@ TEST(TableText, ChoicesOfNumbersAndNamesOfDoubleGlides) {
         EXPECT_EQ(table_text(text), text);
 }
 
+TEST(TableText, ALastLetterIsTheChoiceAsPublishedFilesWriteIt) {
+    const std::pair<const char*, const char*> cases[]{
+        {"R -3 c H", "R -3 C"},     {"R-3cR", "R -3 C:R"},        {"R 3 2 h", "R 3 2"},
+        {"R 3 R", "R 3:R"},         {"F d -3 m S", "F D -3 M:1"}, {"Fd-3mZ", "F D -3 M"},
+        {"P n n n S", "P N N N:1"}, {"C c c e Z", "C C C A"},     {"I 41/a m d S", "I 41/A M D:1"}};
+    for (const auto& [text, symbol] : cases) EXPECT_EQ(table_text(text), symbol) << text;
+    // Groups without that choice, and numbers.
+    for (const char* text :
+         {"P n m a S", "P 63/m m c H", "P 2 z", "F d -3 m H", "R -3 c Z", "166R"})
+        EXPECT_EQ(table_text(text), text);
+    // Hall symbols that end so are left to their reader.
+    EXPECT_EQ(built(table_text("P 2z")).multip, 2);
+    EXPECT_EQ(built(table_text("R -3 c H")).multip, 36);
+    EXPECT_EQ(built(table_text("R -3 c R")).multip, 12);
+}
+
 TEST(Shown, ReadsBackAsTheGroup) {
     for (const SpgrRow& row : symmetry_tables::spgr_rows()) {
         const Space_Group_Type group = built(row.hall.field(), {.mode = "HAL"});
