@@ -1,5 +1,5 @@
 /// Identifiers of the compiled resource block that the program itself names. The catalogue in
-/// toolkit/resource/catalogue holds the dialogs, menus and pictures they stand for.
+/// app/resource holds the dialogs, menus and pictures they stand for.
 #pragma once
 
 #include <array>
