@@ -1,8 +1,10 @@
 #include "tests/support/display_input.hpp"
 
-#include "toolkit/tesserakit.hpp"
-
+// X has macros that GoogleTest does not compile behind.
 #include <gtest/gtest.h>
+
+#include "toolkit/base/display.hpp"
+#include "toolkit/tesserakit.hpp"
 
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>
@@ -10,6 +12,7 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
+#include <poll.h>
 
 #include <array>
 #include <chrono>
@@ -112,6 +115,28 @@ Window shown_window(const std::string& title) {
     if (!eventually([&] { return (found = find(title)) != 0; }))
         ADD_FAILURE() << "no window titled " << title;
     return found;
+}
+
+/// Returns when the window manager has acted on all that the server has told it of so far: it
+/// grants the size of a window of our own in its turn.
+void pass_window_manager() {
+    static const Window marker = XCreateSimpleWindow(display(), root(), 0, 0, 1, 1, 0, 0, 0);
+    static int width = 1;
+    XSelectInput(display(), marker, StructureNotifyMask);
+    width = width % 100 + 1;
+    XResizeWindow(display(), marker, static_cast<unsigned>(width), 1);
+    XSync(display(), False);
+    XEvent event{};
+    const auto end = deadline();
+    while (event.xconfigure.width != width || event.type != ConfigureNotify) {
+        if (XCheckTypedWindowEvent(display(), marker, ConfigureNotify, &event)) continue;
+        if (Clock::now() > end) {
+            ADD_FAILURE() << "the window manager doesn't answer";
+            return;
+        }
+        pollfd connection{.fd = ConnectionNumber(display()), .events = POLLIN, .revents = 0};
+        ::poll(&connection, 1, 100);
+    }
 }
 
 KeySym keysym_named(const std::string& name) {
@@ -359,18 +384,18 @@ std::vector<int> poll_until(const std::function<bool()>& done) {
 }
 
 std::vector<Received> drain() {
-    // What was sent is in the program's queue once the server has answered both connections;
-    // the program's own requests may bring more, until two polls in a row find nothing.
+    // Quiet once and the window manager may still answer itself what it had sent; twice, and
+    // nothing is on its way.
     std::vector<Received> received;
-    for (int empty = 0; empty < 2;) {
-        XSync(display(), False);
-        Received next;
-        tesserakit::wmessagepeek(next.type, next.record);
-        if (next.type == tesserakit::NoMessage) {
-            tesserakit::wmessagewait(20);
-            ++empty;
-        } else {
-            empty = 0;
+    for (int quiet = 0; quiet < 2;) {
+        pass_window_manager();
+        XSync(tesserakit::yydisplay.display, False);
+        quiet = XEventsQueued(tesserakit::yydisplay.display, QueuedAlready) == 0 ? quiet + 1 : 0;
+        for (;;) {
+            Received next;
+            tesserakit::wmessagepeek(next.type, next.record);
+            if (next.type == tesserakit::NoMessage) break;
+            quiet = 0;
             received.push_back(next);
         }
     }

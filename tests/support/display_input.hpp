@@ -82,7 +82,8 @@ tesserakit::MessageRecord wait_for(int type);
 /// Polls until `done`, and answers the types of all messages on the way; fails the test when that
 /// takes too long.
 std::vector<int> poll_until(const std::function<bool()>& done);
-/// All messages that are there, and those that come of what was sent before this call.
+/// All messages that are there, and those that come of what was sent before this call, by way of
+/// the window manager, too. Not those of timers.
 struct Received {
     int type = 0;
     tesserakit::MessageRecord record;
