@@ -2,12 +2,16 @@
 #include <gtest/gtest.h>
 
 #include "toolkit/base/display.hpp"
+#include "toolkit/base/picture_scale.hpp"
 #include "toolkit/base/resource_pixmap.hpp"
 #include "toolkit/resource/resource_image.hpp"
 #include "toolkit/resource/yyrc.hpp"
 #include "toolkit/tesserakit.hpp"
 
 #include <X11/Xutil.h>
+
+#include <array>
+#include <utility>
 
 namespace {
 
@@ -76,6 +80,57 @@ TEST_F(ResourceDisplay, PixmapsShowTheImages) {
 TEST_F(ResourceDisplay, TheBackgroundsShadeStaysWhatItIsUnlessAskedFor) {
     const ResourcePixmap image = yyResourceLoadImage(1002, image_kind::bitmap, false);
     EXPECT_EQ(code_of(ServerImage(image).pixel(0, 0)), image_background);
+}
+
+/// A pixmap of four by two pixels of these colours, by rows.
+ResourcePixmap small_picture(const std::array<unsigned long, 8>& colours) {
+    ResourcePixmap image{.width = 4, .height = 2};
+    image.pixmap = XCreatePixmap(yydisplay.display, yydisplay.root, 4, 2,
+                                 static_cast<unsigned>(yydisplay.depth));
+    GC gc = XCreateGC(yydisplay.display, image.pixmap, 0, nullptr);
+    for (int i = 0; i < 8; ++i) {
+        XSetForeground(yydisplay.display, gc, colours[static_cast<std::size_t>(i)]);
+        XDrawPoint(yydisplay.display, image.pixmap, gc, i % 4, i / 4);
+    }
+    XFreeGC(yydisplay.display, gc);
+    return image;
+}
+
+TEST_F(ResourceDisplay, APictureTooLargeIsShrunkToTheMeansOfItsPixels) {
+    ResourcePixmap image = small_picture({0x000000, 0x0000FF, 0x800000, 0x804000,  //
+                                          0x0000FF, 0x0000FE, 0x800010, 0x804010});
+    scale_to_fit(image, 2, 9);
+    ASSERT_EQ(image.width, 2);
+    ASSERT_EQ(image.height, 1);
+    const ServerImage half(image);
+    EXPECT_EQ(half.pixel(0, 0), 0x0000BFU) << "(0 + 255 + 255 + 254) / 4";
+    EXPECT_EQ(half.pixel(1, 0), 0x802008U);
+    scale_to_fit(image, 1, 1);
+    EXPECT_EQ(image.width, 1);
+    EXPECT_EQ(image.height, 1) << "never nothing";
+
+    ResourcePixmap splash = yyResourceLoadImage(1199, image_kind::bitmap, true);
+    scale_to_fit(splash, 300, 300);
+    EXPECT_EQ(splash.width, 300);
+    EXPECT_EQ(splash.height, 200);  // 660 / 986 of 300
+}
+
+TEST_F(ResourceDisplay, APictureTooSmallGrowsByAWholeNumber) {
+    const std::array<unsigned long, 8> colours{0x000001, 0x000002, 0x000003, 0x000004,
+                                               0x000005, 0x000006, 0x000007, 0x000008};
+    ResourcePixmap image = small_picture(colours);
+    for (const auto& [width, height] : {std::pair{7, 3}, std::pair{0, 9}, std::pair{9, -1}}) {
+        const Pixmap before = image.pixmap;
+        scale_to_fit(image, width, height);
+        EXPECT_EQ(image.pixmap, before) << width << " by " << height;
+    }
+    scale_to_fit(image, 11, 5);
+    ASSERT_EQ(image.width, 8);
+    ASSERT_EQ(image.height, 4);
+    const ServerImage twice(image);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 8; ++x)
+            EXPECT_EQ(twice.pixel(x, y), colours[static_cast<std::size_t>(y / 2 * 4 + x / 2)]);
 }
 
 TEST_F(ResourceDisplay, AMissingImageHasStatusThree) {

@@ -86,10 +86,15 @@ void scale_to_fit(ResourcePixmap& image, int width, int height) {
     XImage* from = XGetImage(display, image.pixmap, 0, 0, static_cast<unsigned>(image.width),
                              static_cast<unsigned>(image.height), AllPlanes, ZPixmap);
     if (!from) return;
-    XImage* to = scaled(from, new_width, new_height);
+    ErrorTrap trap;
     const Pixmap pixmap =
         XCreatePixmap(display, image.pixmap, static_cast<unsigned>(new_width),
                       static_cast<unsigned>(new_height), static_cast<unsigned>(yydisplay.depth));
+    if (trap.error() != 0) {
+        XDestroyImage(from);
+        return;
+    }
+    XImage* to = scaled(from, new_width, new_height);
     const GC gc = XCreateGC(display, pixmap, 0, nullptr);
     XPutImage(display, pixmap, gc, to, 0, 0, 0, 0, static_cast<unsigned>(new_width),
               static_cast<unsigned>(new_height));
