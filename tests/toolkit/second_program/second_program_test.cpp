@@ -62,3 +62,13 @@ TEST(SecondProgram, HasTheToolkitsOwnDialogsButNotTheViewers) {
     wdialogload(32103);
     EXPECT_EQ(infoerror(1), 0);
 }
+
+TEST(SecondProgram, ATabOpensAtThePageThatTheBlockNames) {
+    windowopen2({.title = "Converter"});
+    wdialogload(502);
+    wdialogshow();
+    window_titled("Units");
+    int page = 0;
+    wdialoggettab(20, page);
+    EXPECT_EQ(page, 504);
+}
