@@ -66,7 +66,8 @@ void close() {
 
 MenuAnswer key(KeySym key, int, unsigned modifiers) {
     if (state.open) {
-        if (key == XK_Escape) close();
+        if (key != XK_Escape) return {};  // has no use for it, and still it goes no further
+        close();
         return {.consumed = true};
     }
     if (key != XK_f || (modifiers & AltMask) == 0) return {};
@@ -283,10 +284,25 @@ TEST_F(MenuSeamsDisplay, AKeyOfAMenuIsSeenByNothingElse) {
     key("ctrl+n");
     EXPECT_TRUE(drain().empty()) << "an open menu leaves no key to the accelerators";
     key("Escape");
-    drain();
+    EXPECT_TRUE(drain().empty()) << "nor for afterwards";
     EXPECT_EQ(after_accelerator, 2);
     EXPECT_EQ(key_presses, 3) << "Alt, and what it opened nothing more";
     EXPECT_FALSE(one_item_menu::state.open);
+}
+
+TEST(MenuSeamsInDialogDisplay, AnOpenMenuIsNotAskedForHelp) {
+    windowopen2({.dialog = 101, .title = "Root"});
+    window_titled("Root");
+    one_item_menu::install();
+    drain();
+    one_item_menu::open();
+    key("F1");
+    EXPECT_TRUE(drain().empty());
+    EXPECT_TRUE(one_item_menu::state.open);
+    key("Escape");
+    EXPECT_TRUE(drain().empty()) << "nor afterwards";
+    key("F1");
+    EXPECT_EQ(wait_for(PushButton).VALUE1, 9);
 }
 
 TEST_F(MenuSeamsDisplay, TheOverflowWaitsUntilTheMenuHasClosed) {

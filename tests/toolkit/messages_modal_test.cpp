@@ -17,6 +17,7 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -341,7 +342,14 @@ TEST(ModalLoopDisplay, AnEditorsMessagesAndCloseAreItsOwn) {
     yysettimer(1, 7, 0);
     EXPECT_TRUE(poll_until([] { return changed; }).empty()) << "changed to what isn't enabled";
     EXPECT_TRUE(asked.empty());
+    resize_window("Child", 210, 110);
+    EXPECT_EQ(wait_for(Resize).WIN, child);
+    drain();
     window_slot(child).type = WindowType::Editor;
+    resize_window("Child", 220, 120);
+    const std::vector<int> types = poll_until([&] { return window_slot(child).width == 220; });
+    EXPECT_EQ(std::ranges::count(types, Resize), 0) << "an editor's size is its own";
+    drain();
     close_window("Child");
     EXPECT_TRUE(drain().empty());
     EXPECT_EQ(asked, (std::vector<int>{child}));
@@ -450,4 +458,36 @@ TEST(ModalLoopDisplay, SnapshotsServeUntilTheOutermostIsDropped) {
     yygetwindowbitmap(true);
     cover_and_uncover(hole);
     EXPECT_TRUE(drain().empty());
+}
+
+TEST(ModalLoopDisplay, ASnapshotRepairsWithWhatItHas) {
+    const Rectangle root = open_view();
+    const Widget view = dialog_hooks.picture(dialog_hooks.slot(101), 1001).widget;
+    const Rectangle hole{root.x + 300, root.y + 250, 20, 20};
+    const Rectangle around{hole.x - 20, hole.y - 20, 60, 60};
+    const Point in_hole{hole.x + 10, hole.y + 10}, beside{hole.x - 10, hole.y - 10};
+    constexpr unsigned long stale_green = 0x00ff00, lost_blue = 0x0000ff;
+    const auto fill = [&](Rectangle area, unsigned long colour) {
+        int x = 0, y = 0;
+        Window child = 0;
+        XTranslateCoordinates(yydisplay.display, yydisplay.root, XtWindow(view), area.x, area.y, &x,
+                              &y, &child);
+        const GC gc = XCreateGC(yydisplay.display, XtWindow(view), 0, nullptr);
+        XSetForeground(yydisplay.display, gc, colour);
+        XFillRectangle(yydisplay.display, XtWindow(view), gc, x, y,
+                       static_cast<unsigned>(area.width), static_cast<unsigned>(area.height));
+        XFreeGC(yydisplay.display, gc);
+        XSync(yydisplay.display, False);
+    };
+    // The hole is told of, but not yet drawn again when the picture is taken.
+    cover_and_uncover(hole);
+    fill(hole, stale_green);
+    yygetwindowbitmap(true);
+    EXPECT_EQ(types_of(drain()), (std::vector<int>{ExposeMessage})) << "still the application's";
+    fill(around, lost_blue);
+    cover_and_uncover(around);
+    EXPECT_EQ(types_of(drain()), (std::vector<int>{ExposeMessage}));
+    EXPECT_EQ(pixel(beside), drawn_red);
+    EXPECT_NE(pixel(in_hole), stale_green);
+    yygetwindowbitmap(false);
 }
