@@ -118,7 +118,6 @@ struct DialogRecord {
     bool shown() const { return show_mode != -1; }
 };
 
-inline constexpr int dialog_slots = 100;
 extern std::array<DialogRecord, dialog_slots>& wDialogInfo;
 extern int wDialog;  ///< current slot, -1 none
 

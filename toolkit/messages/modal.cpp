@@ -18,8 +18,6 @@ constinit int wObjCurType = 0;
 
 namespace {
 
-constexpr int dialog_slots = 100;
-
 struct ModalEntry {
     Widget widget = nullptr;
     int index = -1;

@@ -9,6 +9,8 @@
 
 namespace tesserakit {
 
+inline constexpr int dialog_slots = 100;
+
 /// Predecessor of an object in the semi-modal chain.
 struct SemiModalLink {
     int object = -1;  ///< window or dialog slot, -1 none
