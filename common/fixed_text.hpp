@@ -16,6 +16,15 @@ constexpr std::string_view without_trailing_blanks(std::string_view text) {
     return text.substr(0, trimmed_length(text));
 }
 
+constexpr std::string_view without_leading_blanks(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+/// Blanks alone: tabs and ends of line stay.
+constexpr std::string_view without_blanks_around(std::string_view text) {
+    return without_trailing_blanks(without_leading_blanks(text));
+}
+
 /// Equality compares the whole field, case and blanks included, and only fields of one width
 /// compare. The type turns into no other text by itself: write field() or trimmed(), so that
 /// every comparison and every print shows which of the two is meant.

@@ -1,5 +1,5 @@
-/// Capital and small letters, of English alone: keywords are the same in every locale, and the bytes
-/// of other letters stay.
+/// Capital and small letters, of English alone: keywords are the same in every locale, and the
+/// bytes of other letters stay.
 #pragma once
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "common/number_field.hpp"
 
+#include "common/fixed_text.hpp"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -104,14 +106,8 @@ bool take_letter(std::string_view& text, char upper) {
     return true;
 }
 
-std::string_view without_blanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::optional<Format> parse(std::string_view text) {
-    text = without_blanks(text);
+    text = without_blanks_around(text);
     if (text.size() < 4 || text.front() != '(' || text.back() != ')') return std::nullopt;
     text = text.substr(1, text.size() - 2);
     Format format;
@@ -134,7 +130,7 @@ std::optional<Format> parse(std::string_view text) {
 /// too small.
 template <class Real>
 std::optional<Real> to_real(std::string_view text) {
-    text = without_blanks(text);
+    text = without_blanks_around(text);
     std::array<char, 128> buffer{};
     if (text.starts_with('+')) {
         text.remove_prefix(1);
@@ -211,7 +207,7 @@ std::optional<float> to_float(std::string_view text) { return to_real<float>(tex
 std::optional<double> to_double(std::string_view text) { return to_real<double>(text); }
 
 std::optional<int> to_int(std::string_view text) {
-    text = without_blanks(text);
+    text = without_blanks_around(text);
     if (text.starts_with('+')) {
         text.remove_prefix(1);
         if (text.starts_with('-')) return std::nullopt;

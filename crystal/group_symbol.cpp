@@ -110,11 +110,6 @@ bool is_tabulated(std::string_view text) {
     });
 }
 
-std::string_view without_blanks_around(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return without_trailing_blanks(text);
-}
-
 /// Whether the group of `list`, the last that was closed, has this operator.
 bool holds(const ReducedList& list, const Sym_Oper_Type& op) {
     const std::span vectors = std::span(lat_trans).first(static_cast<std::size_t>(num_lat));

@@ -18,8 +18,8 @@ using crystallographic_symmetry::Space_Group_Type;
 using crystallographic_symmetry::Sym_Oper_Type;
 
 char lattice_letter(std::string_view lattice) {
-    const std::size_t first = lattice.find_first_not_of(' ');
-    return first == std::string_view::npos ? ' ' : string_utilities::raised(lattice[first]);
+    lattice = without_leading_blanks(lattice);
+    return lattice.empty() ? ' ' : string_utilities::raised(lattice.front());
 }
 
 /// Whether integers, held as reals, are allowed by the centring; absent for an unknown letter.

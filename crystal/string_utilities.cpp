@@ -23,11 +23,6 @@ void set_error(const char* message) {
 
 constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
-std::string_view left_justified(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view{} : text.substr(first);
-}
-
 constexpr int add_digit(int number, int digit) {
     constexpr int limit = std::numeric_limits<int>::max();
     return number > (limit - digit) / 10 ? limit : number * 10 + digit;
@@ -223,9 +218,9 @@ std::string pack_string(std::string_view text) {
 }
 
 std::string_view cutst(std::string_view& line) {
-    line = without_trailing_blanks(left_justified(line));
+    line = without_blanks_around(line);
     const std::string_view word = line.substr(0, line.find(' '));
-    line = left_justified(line.substr(word.size()));
+    line = without_leading_blanks(line.substr(word.size()));
     return word;
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "common/fixed_text.hpp"
+#include "common/letter_case.hpp"
 #include "common/vec.hpp"
 
 #include <algorithm>
@@ -20,8 +21,8 @@ extern FixedText<150> err_string_mess;
 /// Clears the two.
 void init_err_string();
 
-constexpr char raised(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
-constexpr char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+using letter_case::lowered;
+using letter_case::raised;
 
 /// In place.
 void ucase(std::span<char> text);

@@ -173,10 +173,7 @@ bool read_position(Record& record, Vector3f& xf) {
 }
 
 /// The rest of a line as one text. The blanks that set it off from its keyword are no part of it.
-OperatorText rest_of(std::string_view operands) {
-    operands.remove_prefix(std::min(operands.find_first_not_of(' '), operands.size()));
-    return operands;
-}
+OperatorText rest_of(std::string_view operands) { return without_leading_blanks(operands); }
 
 // ---- the view -----------------------------------------------------------------------------------
 

@@ -249,8 +249,7 @@ ReducedList get_so_from_hall(std::string_view hall) {
     list.generator_count = 1;
     FixedText<16> field = hall;
     string_utilities::ucase(field);
-    std::string_view symbol = field.trimmed();
-    symbol.remove_prefix(std::min(symbol.find_first_not_of(' '), symbol.size()));
+    std::string_view symbol = without_blanks_around(field.field());
     if (symbol.starts_with('-')) {
         list.centred = 2;
         symbol.remove_prefix(1);

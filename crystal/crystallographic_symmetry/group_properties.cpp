@@ -25,8 +25,7 @@ constexpr std::array<std::string_view, 39> pointgroup_names{
 
 /// Place in a list of names, from 1; 0 for none.
 int place_of(std::string_view name, std::span<const std::string_view> names) {
-    name.remove_prefix(std::min(name.find_first_not_of(' '), name.size()));
-    const auto found = std::ranges::find(names, without_trailing_blanks(name));
+    const auto found = std::ranges::find(names, without_blanks_around(name));
     return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
 }
 

@@ -451,8 +451,7 @@ FixedText<19> decodmatmag(const Matrix3i& rot) {
 void read_symtrans_code(std::string_view text, int& number, Vector3f& tr) {
     number = 1;
     tr = {};
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    const FixedText<8> field = text;
+    const FixedText<8> field = without_leading_blanks(text);
     const std::string_view code = field.trimmed();
     const std::size_t underscore = code.find('_');
     const std::size_t begin = underscore == std::string_view::npos ? 0 : underscore + 1;

@@ -153,7 +153,7 @@ FixedText<40> printed(const Position& position, const Vector3f& moved) {
 int wyckoff_orbit(const Space_Group_Type& group, std::string_view position,
                   std::span<FixedText<40>> list) {
     std::ranges::fill(list, FixedText<40>{});
-    position.remove_prefix(std::min(position.find_first_not_of(' '), position.size()));
+    position = without_leading_blanks(position);
     if (position.empty() || list.empty()) return 0;
     std::size_t count = 0;
     list[count++] = position;

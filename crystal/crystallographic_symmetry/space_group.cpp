@@ -125,8 +125,7 @@ struct Choice {
 /// The n first characters behind leading blanks, upper case.
 template <std::size_t N>
 FixedText<N> raised_field(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    FixedText<N> field = text;
+    FixedText<N> field = without_leading_blanks(text);
     string_utilities::ucase(field);
     return field;
 }

@@ -1,5 +1,7 @@
 #include "common/fixed_text.hpp"
 
+#include "common/letter_case.hpp"
+
 #include <gtest/gtest.h>
 
 TEST(FixedText, KeepsItsWidthAndComparesWholeFields) {
@@ -22,4 +24,18 @@ TEST(FixedText, ColumnsCountFromOneAndStopAtTheWidth) {
     EXPECT_EQ(text.columns(7, 9), "");
     EXPECT_EQ(text.columns(0, 3), "");
     EXPECT_EQ(text.columns(4, 3), "");
+}
+
+TEST(Blanks, GoAtTheAskedEndsAndNothingElseDoes) {
+    EXPECT_EQ(without_leading_blanks("  a b "), "a b ");
+    EXPECT_EQ(without_blanks_around("  a b "), "a b");
+    EXPECT_EQ(without_blanks_around(" \ta\n "), "\ta\n");
+    EXPECT_EQ(without_leading_blanks("   "), "");
+    EXPECT_EQ(without_blanks_around(""), "");
+}
+
+TEST(LetterCase, OtherLettersThanEnglishOnesAndTheirNeighboursStay) {
+    EXPECT_EQ(letter_case::in_capitals("azAZ`{@[19 m\u00fc\xe9"), "AZAZ`{@[19 M\u00fc\xe9");
+    EXPECT_EQ(letter_case::lowered('Z'), 'z');
+    EXPECT_EQ(letter_case::lowered('['), '[');
 }

@@ -1,6 +1,7 @@
 #include "toolkit/base/tesser_ini.hpp"
 
 #include "common/fixed_text.hpp"
+#include "common/letter_case.hpp"
 #include "common/number_field.hpp"
 #include "common/safe_file.hpp"
 
@@ -24,20 +25,6 @@ std::string variable(const char* name) {
     return value ? value : "";
 }
 
-// Not std::toupper: keywords are the same in every locale.
-char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-std::string upper_cased(std::string_view text) {
-    std::string result{text};
-    std::ranges::transform(result, result.begin(), upper);
-    return result;
-}
-
-std::string_view without_blanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return without_trailing_blanks(text);
-}
-
 std::string with_slash(std::string path) {
     if (!path.ends_with('/')) path += '/';
     return path;
@@ -47,7 +34,7 @@ std::string root_of_environment(const std::string& otherwise) {
     if (const std::string root = variable("TESSROOT"); !root.empty()) return with_slash(root);
     const std::string tool = variable("TKIDE");
     if (tool.empty()) return otherwise;
-    return with_slash(tool.substr(0, upper_cased(tool).find("TKIDE")));
+    return with_slash(tool.substr(0, letter_case::in_capitals(tool).find("TKIDE")));
 }
 
 /// A pipe would keep the start waiting, a device such as /dev/zero or a file that is no text take
@@ -104,9 +91,9 @@ void read_ini_line(std::string_view line, Settings& values) {
     std::ranges::replace(text, '\r', ' ');
     const std::size_t equals = text.find('=');
     if (equals == 0 || equals == std::string::npos) return;
-    const std::string_view name = without_blanks(std::string_view(text).substr(0, equals));
-    const std::string keyword = upper_cased(name.substr(0, keyword_length));
-    const std::string_view value = without_blanks(std::string_view(text).substr(equals + 1));
+    const std::string_view name = without_blanks_around(std::string_view(text).substr(0, equals));
+    const std::string keyword = letter_case::in_capitals(name.substr(0, keyword_length));
+    const std::string_view value = without_blanks_around(std::string_view(text).substr(equals + 1));
     for (const TextKeyword& row : text_keywords)
         if (row.keyword == keyword) values.*row.member = value;
     for (const NumberKeyword& row : number_keywords)

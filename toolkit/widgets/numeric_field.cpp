@@ -7,16 +7,6 @@
 #include <cmath>
 
 namespace tesserakit {
-namespace {
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return without_trailing_blanks(text.substr(first));
-}
-
-}  // namespace
-
 bool yyDGNumericOutOfRange(double low, double high, double value) {
     return low < high && (value < low || value > high);
 }
@@ -36,14 +26,14 @@ std::optional<double> number_of(NumericType type, std::string_view text) {
 
 std::string number_text(NumericType type, double value, std::string_view format) {
     const std::string_view usual = type == NumericType::Integer ? "(I0)" : cNumDefFormat;
-    std::optional<std::string> text = number_field::by_format(value, trimmed(format));
+    std::optional<std::string> text = number_field::by_format(value, without_blanks_around(format));
     if (!text) text = number_field::by_format(value, usual);
-    return std::string(trimmed(*text));
+    return std::string(without_blanks_around(*text));
 }
 
 std::optional<std::string> put_number(NumericField& field, double value, std::string_view format) {
     if (yyDGNumericOutOfRange(field.low, field.high, value)) return std::nullopt;
-    if (!trimmed(format).empty()) field.format = trimmed(format);
+    if (!without_blanks_around(format).empty()) field.format = without_blanks_around(format);
     std::string text = number_text(field.type, value, field.format);
     field.last_valid = value;
     // A zero is the one value that its text always gives exactly: -0 is shown and kept as 0.
@@ -54,7 +44,7 @@ std::optional<std::string> put_number(NumericField& field, double value, std::st
 }
 
 bool text_is_valid(const NumericField& field, std::string_view text) {
-    if (trimmed(text).empty()) return !field.has_range() || !field.defined;
+    if (without_blanks_around(text).empty()) return !field.has_range() || !field.defined;
     const std::optional<double> value = number_of(field.type, text);
     return value && !yyDGNumericOutOfRange(field.low, field.high, *value);
 }
