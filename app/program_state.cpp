@@ -1,11 +1,14 @@
 #include "app/program_state.hpp"
 
-#include <algorithm>
+#include "common/letter_case.hpp"
+
 #include <string>
 
 namespace gemwright {
 
-constinit FixedText<256> current_file_name;
+using wcfgl_io::FileName;
+
+constinit FileName current_file_name;
 constinit Quaternion view_quaternion{1, 0, 0, 0};
 constinit int mouse_mode = 1;
 constinit int dragging = 0;
@@ -15,20 +18,17 @@ constinit int last_mouse_x = 0;
 constinit int last_mouse_y = 0;
 constinit int child_window = 0;
 
-std::optional<FixedText<256>> file_name_from_command_line(int argc, const char* const* argv) {
+std::optional<FileName> file_name_from_command_line(int argc, const char* const* argv) {
     std::string name;
     for (int i = 1; i < argc; ++i) {
         if (i > 1) name += ' ';
         name += argv[i];
     }
     name.resize(trimmed_length(name));
-    if (name.empty()) return FixedText<256>();
-    std::string upper = name;
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-    if (upper.find(".GWR") == std::string::npos) name += ".gwr";
-    if (name.size() > FixedText<256>::width) return std::nullopt;
-    return FixedText<256>(name);
+    if (name.empty()) return FileName();
+    if (letter_case::in_capitals(name).find(".GWR") == std::string::npos) name += ".gwr";
+    if (name.size() > FileName::width) return std::nullopt;
+    return FileName(name);
 }
 
 }  // namespace gemwright

@@ -2,15 +2,15 @@
 /// turned, and the drag that is under way.
 #pragma once
 
-#include "common/fixed_text.hpp"
 #include "common/vec.hpp"
+#include "scene/wcfgl_io.hpp"
 
 #include <optional>
 
 namespace gemwright {
 
 /// Blank: no file. A name set by the command line or a file dialog is never unset.
-extern FixedText<256> current_file_name;
+extern wcfgl_io::FileName current_file_name;
 /// Turns the model; the picture's matrix is always rebuilt from it.
 extern Quaternion view_quaternion;
 /// 1 rotate, 2 zoom, anything else translate: the choice of the main dialog's radio group.
@@ -27,6 +27,6 @@ extern int child_window;
 /// The whole command line as a file name; ".gwr" is added unless it stands somewhere in the name,
 /// in any case. All words belong to the name. Blank without arguments; absent when it is longer
 /// than 256 bytes: cut, it would be that of another file.
-std::optional<FixedText<256>> file_name_from_command_line(int argc, const char* const* argv);
+std::optional<wcfgl_io::FileName> file_name_from_command_line(int argc, const char* const* argv);
 
 }  // namespace gemwright
