@@ -1,3 +1,8 @@
+// What is told as a translation or an inversion is set apart, and the rest closed to one operator
+// for each rotation and its negative. Where that comes upon a translation of the lattice or an
+// inversion that wasn't told, all begins anew with it, until nothing new turns up: so a short list
+// and a complete one give the same group, in any order.
+
 #include "crystal/crystallographic_symmetry/from_generators.hpp"
 
 #include "crystal/crystallographic_symmetry/centring.hpp"

@@ -1,3 +1,10 @@
+// However a group is told, one road leads to its reduced operators: one for each rotation, without
+// the inversion and the centring. They are then written out, first as they are, then inverted, and
+// these all over again for each centring vector: the first num_ops are the reduced ones. Only a
+// list that is to stay as it is ("FIX") keeps its own order, and is its own reduced list.
+//
+// The record is large and is filled often, so that a fresh one is not copied over it as a whole.
+
 #include "crystal/crystallographic_symmetry/space_group.hpp"
 
 #include "common/list_read.hpp"

@@ -1,3 +1,7 @@
+// One step takes at most one event and answers at most one message; the poll and the modal loops
+// both go by steps. What waits comes in this order: what was kept while a menu or a loop had the
+// input, the mailbox's overflow, what a timer has posted, the next event.
+
 #include "toolkit/messages/messages.hpp"
 
 #include "toolkit/base/display.hpp"

@@ -1,3 +1,6 @@
+// A row says where its sub-rows and texts begin, and the row behind it where they end; a sentinel
+// closes each table, so that every row has one behind it. Offsets of texts count from 1.
+
 #include "toolkit/resource/yyrc.hpp"
 
 #include "toolkit/resource/rows.hpp"

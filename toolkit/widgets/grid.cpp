@@ -1,3 +1,7 @@
+// The widget is as high as all its rows together and stands in a scrolled window that shows a part
+// of it: drawing knows nothing of scrolling, and the scroll bar is moved for the user's cell. A
+// widget's record has no constructors, so what does have one stands in GridContents.
+
 #include "toolkit/widgets/grid_p.hpp"
 
 #include "toolkit/base/colours.hpp"

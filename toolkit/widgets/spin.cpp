@@ -1,3 +1,7 @@
+// Three classes whose records differ in the type of their range, behind one common head: all but
+// the range works on the head, whatever the type. The number itself is the text; a step computes
+// the new one and tells it, and whoever listens writes it.
+
 #include "toolkit/widgets/spin_p.hpp"
 
 #include "common/number_field.hpp"
@@ -10,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace tesserakit {

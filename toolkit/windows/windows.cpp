@@ -1,3 +1,8 @@
+// A window is built whole and then shown: shell, MainWindow and client area, its bars, the dialog
+// that fills it, and last its sizes and hints, which a window manager reads when the window is
+// mapped. It is taken down from the inside: windows that it owns, OpenGL and the dialog let go of
+// widgets that end with the shell.
+
 #include "toolkit/windows/windows.hpp"
 
 #include "common/fixed_text.hpp"
