@@ -11,20 +11,27 @@ namespace {
 /// The whole cells of a box. One that spans less than one in some direction has none.
 box_cells::Cells whole_cells(const Box& box) { return box_cells::cells_of_box(box, 0, -1); }
 
-/// Menus write the cell's flags as they like.
-void tell_of_wires() {
-    static bool counted = false;
-    const bool many = current_cell && current_cell->nodisplay == 0 && current_cell->multiple != 0;
-    if (many != counted) shown_box::contents_changed();
-    counted = many;
+bool wires_are_shown() {
+    return current_cell && current_cell->nodisplay == 0 && current_cell->multiple != 0;
 }
 
 double wires_in(const Box& box, shown_box::Count) {
-    if (!current_cell || current_cell->nodisplay != 0 || current_cell->multiple == 0) return 0.0;
-    return whole_cells(box).count();
+    return wires_are_shown() ? whole_cells(box).count() : 0.0;
 }
 
-[[maybe_unused]] const bool registered = (shown_box::add_counter(wires_in), true);
+struct State {
+    bool wires_counted = false;  // in the last frame
+
+    State() { shown_box::add_counter(wires_in); }
+};
+State& state = *new State;
+
+/// Menus write the cell's flags as they like.
+void tell_of_wires() {
+    const bool shown = wires_are_shown();
+    if (shown != state.wires_counted) shown_box::contents_changed();
+    state.wires_counted = shown;
+}
 
 }  // namespace
 
