@@ -2,6 +2,7 @@
 // the screw or glide part. The rest of w says where the element is: its points x solve
 // (W - 1) x = -(w - part). Rotoinversions leave one point alone and have no such part; their axis
 // is that of -W through this point.
+
 #include "crystal/crystallographic_symmetry/symmetry_element.hpp"
 
 #include "crystal/crystallographic_symmetry/group_properties.hpp"
@@ -97,8 +98,7 @@ Solution solved(Matrix3d m, Vector3d b) {
 std::string fraction(double value) {
     if (std::abs(value) <= static_cast<double>(eps_symm)) return "0";
     const FixedText<6> text = string_utilities::get_fraction_2dig(static_cast<float>(value));
-    std::string_view trimmed = text.trimmed();
-    while (trimmed.starts_with(' ')) trimmed.remove_prefix(1);
+    std::string_view trimmed = without_blanks_around(text.field());
     if (trimmed.starts_with('+')) trimmed.remove_prefix(1);
     return std::string(trimmed);
 }
