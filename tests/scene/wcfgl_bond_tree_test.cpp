@@ -70,15 +70,6 @@ TEST(BondSticks, NeedBothEndsInTheBoxAndFollowTheBoxOnly) {
     EXPECT_NEAR(halves()[0].at(0, 0, 0)[0], -8.75, 1e-5) << "the stick stays in the former cell";
 }
 
-// In a box from 0.2 to 1.2 the first end is inside in its own cell, the second in the next only.
-TEST(BondSticks, EndsInsideInDifferentCellsMakeNoStick) {
-    push_pair();
-    push_bond_by_label("O1", "Fe1", 1, 3, 1.0f, 0);
-    push_bond_by_label("Fe1", "O1", 1, 3, 1.0f, 0);
-    wcfgl_metrix::define_box(0.2f, 1.2f, 0, 1, 0, 1);
-    EXPECT_TRUE(halves().empty());
-}
-
 // A box of many cells begins its repetition one cell below its smallest and ends at its largest,
 // one cell less than atoms do: a bond whose first end lies below its cell is missing there.
 TEST(BondSticks, LeaveOutTheCellAboveTheBox) {

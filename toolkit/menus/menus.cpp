@@ -1,136 +1,132 @@
 #include "toolkit/menus/menus.hpp"
 
-#include "toolkit/base/colours.hpp"
-#include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
-#include "toolkit/base/fonts.hpp"
+#include "toolkit/menus/accelerators.hpp"
+#include "toolkit/menus/drawing.hpp"
+#include "toolkit/menus/interaction.hpp"
 #include "toolkit/menus/toolbars.hpp"
+#include "toolkit/menus/tooltips.hpp"
 #include "toolkit/resource/yyrc.hpp"
-#include "toolkit/windows/window_slots.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
 
-#include <Xm/DrawP.h>
-
-#include <algorithm>
-#include <array>
-#include <memory>
+#include <utility>
 
 namespace tesserakit {
 
 namespace {
 
-constexpr int beside_text = 7;  // of a row's height
-constexpr int shadow_thickness = 1;
-
-struct State {
-    std::array<std::unique_ptr<MenuBar>, window_slots> bars;  ///< pwRootMenuSub, by window
-};
-State& state = *new State;  // never destroyed: at exit the display may be gone
-
-MenuBar* bar_of(int window) {
-    if (window < 0 || window >= window_slots) return nullptr;
-    return state.bars[static_cast<std::size_t>(window)].get();
+/// The menu is open no longer when its windows go, or when what it shows changes size.
+void close_if_open(const Menu* menu) {
+    if (menu && menu == pwActiveMenu) yymndeactivate();
 }
 
-MenuWindow yymnfind(Window window) {
-    const auto found = std::ranges::find_if(
-        state.bars, [window](const auto& bar) { return bar && bar->window == window; });
-    if (found == state.bars.end()) return {};
-    return {MenuPart::Bar, static_cast<int>(found - state.bars.begin())};
-}
+/// The row of an item in a window's menu, -1 for none.
+int row_in(const Menu* menu, int item) { return menu ? menu->record.row_of(item) : -1; }
 
-bool in_resource(int menu) {
-    int items = 0;
-    int size = 0;
-    yyrcmenucheck(menu, items, size);
-    return items >= 0;
-}
+bool is_window(int window) { return window >= 0 && window < window_slots; }
+
+void set_flag(int& flags, int flag, bool on) { flags = on ? flags | flag : flags & ~flag; }
 
 }  // namespace
 
-int yymenuheight() { return wFonts.menu.height() + beside_text; }
-
-int yymnheightof(int menu, int) { return menu != 0 && in_resource(menu) ? yymenuheight() : 0; }
-
-void yymncreate(int menu, int window) {
-    if (menu == 0) return;
-    if (!in_resource(menu)) {
-        yyerror(MenuNotLoaded, "WindowOpen");
+void yymncreate(int menu, int type, int window) {
+    if (menu == 0 || type != bar_menu) return;
+    std::unique_ptr<MenuRecord> record;
+    yymnrcload(menu, record);
+    if (!record) {
+        yyerror(MenuNotLoaded, "WindowOpen", menu);
         return;
     }
-    auto& bar = state.bars[static_cast<std::size_t>(window)];
-    bar = std::make_unique<MenuBar>();
-    bar->identifier = menu;
-    bar->window =
-        XCreateSimpleWindow(yydisplay.display, window_slot(window).window, 0, 0, 1,
-                            static_cast<unsigned>(yymenuheight()), 0, 0, wSchemeCol.background);
-    XSelectInput(yydisplay.display, bar->window, ExposureMask | ButtonPressMask);
-    XMapWindow(yydisplay.display, bar->window);
+    yymenuchange(std::move(record), window);
+}
+
+void yymenuchange(std::unique_ptr<MenuRecord> record, int window) {
+    yymndestroy(window);
+    if (record) yymncreateitems(std::move(record), window);
 }
 
 void yymndestroy(int window) {
-    if (!bar_of(window)) return;
-    XDestroyWindow(yydisplay.display, bar_of(window)->window);
-    state.bars[static_cast<std::size_t>(window)].reset();
+    if (!is_window(window)) return;
+    if (pwFloatMenu && pwFloatMenu->window == window) {
+        close_if_open(pwFloatMenu.get());
+        yymndestroywindows(pwFloatMenu);
+    }
+    close_if_open(menu_of(window));
+    yymndestroywindows(pwRootMenuSub[static_cast<std::size_t>(window)]);
 }
 
-int yymnresize(int window, int width) {
-    const MenuBar* bar = bar_of(window);
-    if (!bar) return 0;
-    XResizeWindow(yydisplay.display, bar->window, static_cast<unsigned>(std::max(width, 1)),
-                  static_cast<unsigned>(yymnheight(window)));
-    yymndraw(window);
-    return yymnheight(window);
+void yymnchck(int item, int state, int window) {
+    if (!is_window(window)) return;
+    Menu* menu = menu_of(window);
+    const int row = row_in(menu, item);
+    const bool button = item != 0 && check_button(item, state == 1, window);
+    if (row >= 0) {
+        menu->record.item(row).state = state == 1 ? 1 : 0;
+        yymndrawitem(*menu, row);
+    } else if (!button) {
+        yyerror(InvalidMenuItem, "yymnchck", item);
+    }
 }
 
-void yymndraw(int window) {
-    const MenuBar* bar = bar_of(window);
-    if (!bar) return;
-    Display* display = yydisplay.display;
-    XWindowAttributes attributes;
-    if (!XGetWindowAttributes(display, bar->window, &attributes)) return;
-    XGCValues values{};
-    values.foreground = wSchemeCol.top_shadow;
-    const GC top = XCreateGC(display, bar->window, GCForeground, &values);
-    values.foreground = wSchemeCol.bottom_shadow;
-    const GC bottom = XCreateGC(display, bar->window, GCForeground, &values);
-    XClearWindow(display, bar->window);
-    XmeDrawShadows(display, bar->window, top, bottom, 0, 0,
-                   static_cast<Dimension>(attributes.width),
-                   static_cast<Dimension>(attributes.height), shadow_thickness, XmSHADOW_OUT);
-    XFreeGC(display, top);
-    XFreeGC(display, bottom);
+void yymngrey(int item, int state, int window) {
+    if (!is_window(window)) return;
+    Menu* menu = menu_of(window);
+    const int row = row_in(menu, item);
+    const bool button = item != 0 && grey_button(item, state == 1, window);
+    if (row >= 0) {
+        set_flag(menu->record.item(row).flags, menu_flag::disabled, state == 1);
+        yymndrawitem(*menu, row);
+    } else if (!button) {
+        yyerror(InvalidMenuItem, "yymngrey", item);
+    }
 }
 
-int yymnheight(int window) {
-    const MenuBar* bar = bar_of(window);
-    return bar ? bar->rows * yymenuheight() : 0;
-}
-
-// Without items there is nothing to pull down.
-bool yymenuactive() { return false; }
-void yymndeactivate() {}
-MenuAnswer yymninterpretkey(KeySym, int, unsigned) { return {}; }
-int yyacinterpretkey(KeySym, int, unsigned) { return 0; }
-
-MenuAnswer yymninterpretbutton(const XButtonEvent& event, int window) {
-    const MenuBar* bar = bar_of(window);
-    return {.consumed = bar && event.window == bar->window};
+void yymntext(int item, std::string_view text, int window) {
+    if (!is_window(window)) return;
+    Menu* menu = menu_of(window);
+    const int row = row_in(menu, item);
+    if (row >= 0) {
+        close_if_open(menu);
+        menu->record.item(row).label = text;
+        yymnlayoutaround(*menu, row);
+        yymndrawitem(*menu, row);
+    } else if (item != 0 && has_button(item, window)) {
+        yytooltip(item, text, window);
+    } else {
+        yyerror(InvalidMenuItem, "yymntext", item);
+    }
 }
 
 void install_menus() {
     menu_hooks = {
         .height_of = yymnheightof,
-        .create = yymncreate,
-        .destroy = yymndestroy,
-        .resize = yymnresize,
+        .create = [](int menu, int window) { yymncreate(menu, bar_menu, window); },
+        .destroy =
+            [](int window) {
+                yymndestroy(window);
+                forget_tooltips(window);
+            },
+        .resize =
+            [](int window, int width) {
+                const int height = yymnresize(window, width);
+                yymndraw(window);
+                return height;
+            },
         .height = yymnheight,
-        .draw = [](Window part) { yymndraw(yymnfind(part).window); },
-        .find = yymnfind,
-        .active = yymenuactive,
+        .draw = yymndrawwindow,
+        .find =
+            [](Window window) {
+                const MenuSpot spot = yymnmatchmenu(window);
+                return MenuWindow{spot.part, spot.menu ? spot.menu->window : -1};
+            },
+        .active = [] { return pwActiveMenu != nullptr; },
         .deactivate = yymndeactivate,
+        .next_event = yymngrabmaintain,
         .interpret_key = yymninterpretkey,
         .interpret_accelerator = yyacinterpretkey,
         .interpret_button = yymninterpretbutton,
+        .crossing = yymninterpretcrossing,
+        .end_tooltip = yymnHideTooltip,
         .toolbar_thickness_of = yymntbarthickness,
         .toolbar_create = yymntbar,
         .toolbar_resize = yymntbarresize,
