@@ -243,4 +243,31 @@ void wgridlabelrow(int field, int row, std::string_view text);
 /// 8, 9: size, all in pixels; 10: type of the dialog: 0 hidden, else its DialogMode. 0 otherwise.
 int winfodialog(int item);
 
+// Common dialogs
+//
+// Each call returns when the user has finished. The windows below are repaired meanwhile, their
+// input is dropped, and no message is raised. winfodialog(1) and (4) tell the button then. A box
+// that can't be made leaves error 1004.
+
+/// Buttons of a message box from left to right, with the numbers that they are known by: 1, 2 and
+/// 3, but for the last set. Escape and the window manager's close press the last one.
+enum MessageButtons : int {
+    MessageOk = 0,
+    MessageOkCancel = 1,
+    MessageRetryCancel = 2,
+    MessageYesNo = 3,
+    MessageYesNoCancel = 4,
+    MessageAbortRetryIgnore = 5  ///< Abort is 2, Retry 1, Ignore 3
+};
+enum MessageIcon : int {
+    MessagePlain = 0,
+    MessageInformation = 1,
+    MessageQuestion = 2,
+    MessageWarning = 3
+};
+/// Return presses the button of the number `default_button`, the last one if there is none of it.
+/// Lines wider than the screen are broken; an empty title shows as a blank.
+void wmessagebox(int buttons, int icon, int default_button, std::string_view message,
+                 std::string_view title);
+
 }  // namespace tesserakit
