@@ -2,7 +2,6 @@
 #include "toolkit/base/errors.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
 #include "toolkit/dialogs/fields/widget_parts.hpp"
-#include "toolkit/dialogs/post.hpp"
 
 #include <Xm/Scale.h>
 
@@ -111,7 +110,9 @@ void step_by_key(FieldRecord& field, char key, bool, const XEvent&) {
     const int value = static_cast<int>(std::clamp<long long>(wanted, range.minimum, range.maximum));
     if (value == range.value) return;
     XmScaleSetValue(field.widget, value);
-    post_changed(field);
+    // As the pointer would: whoever follows the bar hears of it, the application among them.
+    XmScaleCallbackStruct call{XmCR_VALUE_CHANGED, nullptr, value};
+    XtCallCallbacks(field.widget, XmNvalueChangedCallback, &call);
 }
 
 }  // namespace
