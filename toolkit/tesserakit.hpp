@@ -270,4 +270,20 @@ enum MessageIcon : int {
 void wmessagebox(int buttons, int icon, int default_button, std::string_view message,
                  std::string_view title);
 
+/// Bits of the flags of wselectfile2.
+enum FileBoxFlag : int {
+    FileSaving = 1,         ///< otherwise a file is loaded
+    FilePrompting = 2,      ///< asks before a file is overwritten, or a missing one is created
+    FileAnyPath = 4,        ///< the directory need not exist
+    FileKeepDirectory = 8,  ///< the chosen directory becomes the working directory
+    FileDirectory = 16,     ///< a directory is wanted; without effect beside FileSaving
+    FileMustExist = 128
+};
+/// Asks for a file. `filter` is "description|pattern|description|pattern|", empty for all files;
+/// `type` the number of the one in use, from 1. `filename` is where it begins: a name, a directory,
+/// or both. With OK it is the absolute name, byte for byte as the file system has it and 256 bytes
+/// at most, and winfodialog(4) is 1; with Cancel all stays as it was, and winfodialog(4) is 2.
+void wselectfile2(std::string_view filter, int flags, std::string& filename,
+                  std::string_view title = {}, int* type = nullptr);
+
 }  // namespace tesserakit

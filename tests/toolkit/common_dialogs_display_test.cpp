@@ -30,16 +30,19 @@ namespace {
 
 using Step = ModalVisit::Step;
 
+Widget widget_with_keys() {
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    return focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+}
+
 /// The innermost box is of this kind ("messageBox", "FSelectionBox", "TessDialog"), and the keys
 /// go to it.
 bool ready(const std::string& kind) {
     const Widget box = top_modal_widget();
     if (!box || XtName(box) != kind) return false;
-    Window focus = 0;
-    int revert = 0;
-    XGetInputFocus(yydisplay.display, &focus, &revert);
-    const Widget widget =
-        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+    const Widget widget = widget_with_keys();
     return widget && shell_around(widget) == shell_around(box) && XmGetFocusWidget(box);
 }
 
@@ -191,6 +194,291 @@ TEST_F(CommonDialogs, NothingOfABoxReachesTheApplication) {
     for (const Received& received : drain())
         EXPECT_TRUE(received.type == ExposeMessage || received.type == MouseMove) << received.type;
     EXPECT_EQ(nModalWindows, 0);
+}
+
+namespace {
+
+constexpr int open_flags = FileKeepDirectory | FilePrompting | FileMustExist;
+constexpr int save_flags = FileKeepDirectory | FilePrompting | FileSaving;
+
+Widget file_part(unsigned char which) {
+    return XmFileSelectionBoxGetChild(top_modal_widget(), which);
+}
+Widget file_text() { return file_part(XmDIALOG_TEXT); }
+Widget file_list() { return file_part(XmDIALOG_LIST); }
+Widget directory_list() { return file_part(XmDIALOG_DIR_LIST); }
+
+std::string name_in_box() { return taken(XmTextFieldGetString(file_text())); }
+
+std::vector<std::string> items(Widget list) {
+    std::vector<std::string> names;
+    for (int i = 1; i <= item_count(list); ++i) names.push_back(item_text(list, i));
+    return names;
+}
+
+Step in_files(const std::function<void()>& act) { return in("FSelectionBox", act); }
+
+/// Types over what stands in the name.
+std::function<void()> name_and_return(const std::string& name) {
+    return [name] {
+        click(middle_of(file_text()));
+        key("ctrl+slash");
+        type(name);
+        key("Return");
+    };
+}
+
+/// Waits until the directory list begins so, then acts.
+Step when_listed(const std::vector<std::string>& directories, const std::function<void()>& act) {
+    return [directories, act] {
+        if (!ready("FSelectionBox") || items(directory_list()) != directories) return false;
+        act();
+        return true;
+    };
+}
+
+/// The menu of filters has the keys.
+Step in_menu(const std::function<void()>& act) {
+    return [act] {
+        Widget menu = nullptr;
+        XtVaGetValues(XtNameToWidget(top_modal_widget(), "filterMenu"), XmNsubMenuId, &menu,
+                      nullptr);
+        const Widget focus = widget_with_keys();
+        if (!focus || shell_around(focus) != shell_around(menu)) return false;
+        act();
+        return true;
+    };
+}
+
+class FileDialogs : public CommonDialogs {
+protected:
+    void SetUp() override {
+        CommonDialogs::SetUp();
+        former_ = std::filesystem::current_path();
+        for (const char* name : {"hematite.gwr", "uo2.gwr", "notes.txt", ".hidden.gwr"})
+            folder_.file(name, "");
+        for (const char* name : {"sub", "sub/deeper"})
+            std::filesystem::create_directory(folder_.path() / name);
+        folder_.file("sub/inner.gwr", "");
+        std::filesystem::current_path(folder_.path());
+    }
+    void TearDown() override { std::filesystem::current_path(former_); }
+
+    std::string whole(const std::string& name) const { return folder_.name(name); }
+
+    /// Status; the name goes in and comes out.
+    int select(int flags, std::string& name, const std::vector<Step>& steps,
+               const std::string& filter = "Structure|*.gwr|") {
+        const ModalVisit visit(steps);
+        wselectfile2(filter, flags, name, "Files", &type_);
+        EXPECT_TRUE(visit.over());
+        EXPECT_EQ(infoerror(1), 0);
+        return winfodialog(4);
+    }
+
+    TempDirectory folder_;
+    int type_ = 1;
+    std::filesystem::path former_;
+};
+
+}  // namespace
+
+TEST_F(FileDialogs, ANameIsTypedAndComesBackWhole) {
+    std::string name = "   ";
+    EXPECT_EQ(
+        select(open_flags, name, {in_files([] {
+                   EXPECT_EQ(XmGetFocusWidget(top_modal_widget()), file_text());
+                   EXPECT_EQ(items(directory_list()), (std::vector<std::string>{"..", "sub"}));
+                   EXPECT_EQ(items(file_list()),
+                             (std::vector<std::string>{"hematite.gwr", "uo2.gwr"}));
+                   type("sub/inner.gwr ");
+                   key("Return");
+               })}),
+        1);
+    EXPECT_EQ(name, whole("sub/inner.gwr"));
+    EXPECT_EQ(std::filesystem::current_path(), whole("sub")) << "kept";
+    // The name that is given is where the box begins.
+    EXPECT_EQ(select(0, name, {in_files([] {
+                         EXPECT_EQ(name_in_box(), "inner.gwr");
+                         key("ctrl+slash");
+                         type("../uo2.gwr");
+                         key("Return");
+                     })}),
+              1);
+    EXPECT_EQ(name, whole("uo2.gwr"));
+    EXPECT_EQ(std::filesystem::current_path(), whole("sub")) << "not kept";
+}
+
+TEST_F(FileDialogs, CancelLeavesNameAndDirectoryAsTheyWere) {
+    const std::vector<std::function<void()>> ways{
+        keys({"Escape"}), [] { close_window("Files"); },
+        [] { click(middle_of(file_part(XmDIALOG_CANCEL_BUTTON))); },
+        // From the lists, too.
+        keys({"shift+Tab", "Escape"}), keys({"shift+Tab", "shift+Tab", "Escape"})};
+    for (const auto& way : ways) {
+        std::string name = "uo2.gwr";
+        type_ = 1;
+        EXPECT_EQ(select(open_flags, name,
+                         {in_files(name_and_return("sub")), when_listed({"..", "deeper"}, way)}),
+                  2);
+        EXPECT_EQ(name, "uo2.gwr");
+        EXPECT_EQ(type_, 1);
+        EXPECT_EQ(std::filesystem::current_path(), folder_.path());
+    }
+}
+
+TEST_F(FileDialogs, PatternsAndDirectoriesAreFollowed) {
+    std::string name;
+    const auto expect_files = [](const std::vector<std::string>& wanted) {
+        return [wanted] { return ready("FSelectionBox") && items(file_list()) == wanted; };
+    };
+    EXPECT_EQ(select(open_flags, name,
+                     {in_files(name_and_return("*.txt")), expect_files({"notes.txt"}), in_files([] {
+                          EXPECT_EQ(name_in_box(), "*.txt");
+                          name_and_return("sub/*.gwr")();
+                      }),
+                      expect_files({"inner.gwr"}), in_files(name_and_return("..")),
+                      expect_files({"hematite.gwr", "uo2.gwr"}), in_files([] {
+                          EXPECT_EQ(name_in_box(), "");
+                          const Point at = middle_of(XtParent(directory_list()));
+                          Dimension height = 0;
+                          XtVaGetValues(XtParent(directory_list()), XmNheight, &height, nullptr);
+                          // The second line: a list of twelve.
+                          const Point second{at.x, at.y - height / 2 + height * 3 / 24};
+                          click(second);
+                          click(second);
+                      }),
+                      expect_files({"inner.gwr"}), in_files(name_and_return("inner.gwr"))}),
+              1);
+    EXPECT_EQ(name, whole("sub/inner.gwr"));
+}
+
+TEST_F(FileDialogs, FilesAndDirectoriesAreChosenByKeys) {
+    std::string name;
+    // From the name backwards: files, then directories. Return enters or takes.
+    EXPECT_EQ(select(open_flags, name,
+                     {in_files(keys({"shift+Tab", "shift+Tab", "Down", "Return"})),
+                      when_listed({"..", "deeper"}, keys({"Tab", "Return"}))}),
+              1);
+    EXPECT_EQ(name, whole("sub/inner.gwr"));
+    // Over an existing file the question comes once.
+    name = folder_.path().string() + "/";
+    EXPECT_EQ(select(save_flags, name,
+                     {in_files(keys({"shift+Tab", "Down", "Return"})), in_message(keys({"Return"})),
+                      in_files([] {
+                          EXPECT_EQ(name_in_box(), "uo2.gwr");
+                          key("Escape");
+                      })}),
+              2);
+}
+
+TEST_F(FileDialogs, WhatIsMissingIsTold) {
+    std::string name;
+    EXPECT_EQ(
+        select(
+            open_flags, name,
+            {in_files(name_and_return("none.gwr")), in_message(keys({"Return"})), in_files([] {
+                 EXPECT_EQ(name_in_box(), "none.gwr") << "for a correction";
+                 name_and_return("none/uo2.gwr")();
+             }),
+             in_message(keys({"Escape"})), in_files(name_and_return("/" + std::string(256, 'a'))),
+             in_message(keys({"Return"})), in_files(keys({"Escape"}))}),
+        2);
+    EXPECT_EQ(name, "");
+    // Without must-exist it is offered.
+    EXPECT_EQ(select(FilePrompting, name,
+                     {in_files(name_and_return("new.gwr")), in_message(keys({"Tab", "Return"})),
+                      in_files(keys({"Return"})), in_message(keys({"Return"}))}),
+              1);
+    EXPECT_EQ(name, whole("new.gwr"));
+    EXPECT_FALSE(std::filesystem::exists(name)) << "only the name was asked for";
+}
+
+TEST_F(FileDialogs, AFileIsOverwrittenOnlyByYes) {
+    std::string name = whole("uo2.gwr");
+    static std::string question;
+    const auto note_question = [] {
+        XmString text = nullptr;
+        XtVaGetValues(top_modal_widget(), XmNmessageString, &text, nullptr);
+        question = plain_text(text);
+        XmStringFree(text);
+    };
+    static Point cancel;
+    const auto press_cancel_below = [note_question] {
+        note_question();
+        // The box below is locked: its own Cancel does nothing.
+        click(cancel);
+        click(middle_of(XmMessageBoxGetChild(top_modal_widget(), XmDIALOG_CANCEL_BUTTON)));
+    };
+    EXPECT_EQ(select(save_flags, name,
+                     {in_files([] {
+                          cancel = middle_of(file_part(XmDIALOG_CANCEL_BUTTON));
+                          key("Return");
+                      }),
+                      in_message(press_cancel_below), in_files(keys({"Return"})),
+                      in_message(keys({"Escape"})), in_files(keys({"Return"})),
+                      in_message(keys({"Left", "Return"}))}),
+              1);
+    EXPECT_EQ(name, whole("uo2.gwr"));
+    EXPECT_EQ(question, name + " already exists.Do you want to replace it?") << "on two lines";
+}
+
+TEST_F(FileDialogs, AnotherFilterIsChosen) {
+    std::string name;
+    type_ = 1;
+    EXPECT_EQ(select(open_flags, name,
+                     {in_files(keys({"Tab", "space"})), in_menu(keys({"Down"})),
+                      in_menu(keys({"Return"})),
+                      [] {
+                          if (!ready("FSelectionBox") || item_count(file_list()) != 1) return false;
+                          name_and_return("notes.txt")();
+                          return true;
+                      }},
+                     " Structure | *.gwr | Notes|*.txt|"),
+              1);
+    EXPECT_EQ(name, whole("notes.txt"));
+    EXPECT_EQ(type_, 2);
+}
+
+TEST_F(FileDialogs, NamesThatAreNoTextComeBackByteForByte) {
+    for (const std::string odd : {"m\xfcller.gwr", "M\u00fcller \u03b1.gwr", "two\nlines.gwr"}) {
+        folder_.file("odd/" + odd, "");
+        std::filesystem::create_directory(whole("odd"));
+        folder_.file("odd/" + odd, "");
+        std::string name = whole("odd/");
+        EXPECT_EQ(select(open_flags, name, {in_files([] {
+                             EXPECT_EQ(item_count(file_list()), 1);
+                             for (const char* way : {"shift+Tab", "space", "Tab", "Return"})
+                                 key(way);
+                         })}),
+                  1);
+        EXPECT_EQ(name, whole("odd/" + odd));
+        std::filesystem::remove_all(whole("odd"));
+    }
+}
+
+TEST_F(FileDialogs, ADirectoryIsSelected) {
+    std::string name;
+    EXPECT_EQ(select(FileDirectory, name, {in_files([] {
+                         EXPECT_FALSE(XtIsManaged(XtParent(file_list())));
+                         name_and_return("sub/deeper")();
+                     })}),
+              1);
+    EXPECT_EQ(name, whole("sub/deeper"));
+    EXPECT_EQ(select(FileDirectory, name, {in_files(keys({"Return"}))}), 1) << "the one shown";
+    EXPECT_EQ(name, whole("sub/deeper"));
+}
+
+TEST_F(FileDialogs, LongNamesLeaveTheBoxOnTheScreen) {
+    folder_.file(std::string(250, 'W') + ".gwr", "");
+    std::string name;
+    EXPECT_EQ(select(open_flags, name, {in_files([] {
+                         const Rectangle area = window_titled("Files");
+                         EXPECT_GT(area.x, 0);
+                         EXPECT_LT(area.x + area.width, yydisplay.width);
+                         key("Escape");
+                     })}),
+              2);
 }
 
 TEST(MessageText, LinesAreBrokenAtBlanksAndSlashes) {
