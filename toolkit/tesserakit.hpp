@@ -286,4 +286,12 @@ enum FileBoxFlag : int {
 void wselectfile2(std::string_view filter, int flags, std::string& filename,
                   std::string_view title = {}, int* type = nullptr);
 
+/// A colour as one number: red + 256 green + 65536 blue, each 0 to 255.
+int wrgb(int red, int green, int blue);
+/// Takes it apart; null for what isn't wanted.
+void wrgbsplit(int colour, int* red, int* green, int* blue);
+/// Lets the user choose a colour, beginning with the one given. With OK, winfodialog(4) is 1; with
+/// Cancel the colour stays, and winfodialog(4) is 2. The current dialog stays current.
+void wselectcolour1(int& colour);
+
 }  // namespace tesserakit

@@ -481,6 +481,99 @@ TEST_F(FileDialogs, LongNamesLeaveTheBoxOnTheScreen) {
               2);
 }
 
+namespace {
+
+int number_in(int field) {
+    int value = -1;
+    wdialoggetinteger(field, value);
+    return value;
+}
+
+int slider_at(int field) {
+    int value = -1;
+    wdialoggettrackbar(field, value);
+    return value;
+}
+
+Point swatch() { return middle_of(find_field(dialog_slot(yyDGslot(32102)), 1001)->widget); }
+
+Step in_colours(const std::function<void()>& act) { return in("TessDialog", act); }
+
+Step until(const std::function<bool()>& holds, const std::function<void()>& act) {
+    return [holds, act] {
+        if (!holds()) return false;
+        act();
+        return true;
+    };
+}
+
+class ColourDialog : public CommonDialogs {
+protected:
+    static int select(int& colour, const std::vector<Step>& steps) {
+        const ModalVisit visit(steps);
+        wselectcolour1(colour);
+        EXPECT_TRUE(visit.over());
+        EXPECT_EQ(infoerror(1), 0);
+        return winfodialog(4);
+    }
+};
+
+}  // namespace
+
+TEST(Colours, AreTakenApartAndPutTogether) {
+    EXPECT_EQ(wrgb(255, 0, 0), 255);
+    EXPECT_EQ(wrgb(1, 2, 3), 197121);
+    int red = -1, green = -1, blue = -1;
+    wrgbsplit(197121, &red, nullptr, &blue);
+    EXPECT_EQ(red, 1);
+    EXPECT_EQ(green, -1) << "not wanted";
+    EXPECT_EQ(blue, 3);
+    wrgbsplit(wrgb(255, 254, 253), nullptr, &green, nullptr);
+    EXPECT_EQ(green, 254);
+}
+
+TEST_F(ColourDialog, SlidersNumbersAndSwatchFollowEachOther) {
+    wdialogload(103);
+    int colour = wrgb(16, 32, 64);
+    const auto shows = [](unsigned wanted) {
+        return [wanted] { return pixel(swatch()) == wanted; };
+    };
+    EXPECT_EQ(select(colour, {until([&] { return ready("TessDialog") && shows(0x102040)(); },
+                                    [] {
+                                        EXPECT_EQ(slider_at(1003), 32);
+                                        EXPECT_EQ(number_in(1010), 64);
+                                        key("Up");  // red
+                                    }),
+                              until(shows(0x112040),
+                                    [] {
+                                        EXPECT_EQ(number_in(1008), 17);
+                                        for (const char* name : {"Tab", "Tab", "Tab", "Tab"})
+                                            key(name);
+                                        key("ctrl+a");
+                                        type("200");  // green
+                                    }),
+                              until(shows(0x11c840),
+                                    [] {
+                                        EXPECT_EQ(slider_at(1003), 200);
+                                        key("Return");
+                                    })}),
+              1);
+    EXPECT_EQ(colour, wrgb(17, 200, 64));
+    EXPECT_EQ(winfodialog(3), 103) << "current as before";
+}
+
+TEST_F(ColourDialog, CancelKeepsTheColour) {
+    const std::vector<std::function<void()>> ways{keys({"Up", "Escape"}), [] {
+                                                      key("Up");
+                                                      close_window("Colour");
+                                                  }};
+    for (const auto& way : ways) {
+        int colour = wrgb(1, 2, 3);
+        EXPECT_EQ(select(colour, {in_colours(way)}), 2);
+        EXPECT_EQ(colour, wrgb(1, 2, 3));
+    }
+}
+
 TEST(MessageText, LinesAreBrokenAtBlanksAndSlashes) {
     const auto letters = [](std::string_view text) { return static_cast<int>(text.size()); };
     EXPECT_EQ(broken_to_width("one two three", 7, letters), "one two\nthree");
