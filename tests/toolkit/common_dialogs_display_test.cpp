@@ -188,9 +188,16 @@ TEST_F(CommonDialogs, NothingOfABoxReachesTheApplication) {
     const auto press_outside = [outside] {
         click(outside);
         type("a");
-        click(middle_of(XmMessageBoxGetChild(top_modal_widget(), XmDIALOG_CANCEL_BUTTON)));
     };
-    EXPECT_EQ(message(3, 1, {in_message(press_outside)}), 2);
+    const auto press_no = [] {
+        const Point no =
+            middle_of(XmMessageBoxGetChild(top_modal_widget(), XmDIALOG_CANCEL_BUTTON));
+        // The window manager may be at raising the window that was clicked.
+        if (title_at(no) != "Save") return false;
+        click(no);
+        return true;
+    };
+    EXPECT_EQ(message(3, 1, {in_message(press_outside), press_no}), 2);
     for (const Received& received : drain())
         EXPECT_TRUE(received.type == ExposeMessage || received.type == MouseMove) << received.type;
     EXPECT_EQ(nModalWindows, 0);
@@ -218,13 +225,18 @@ std::vector<std::string> items(Widget list) {
 
 Step in_files(const std::function<void()>& act) { return in("FSelectionBox", act); }
 
-/// Types over what stands in the name.
-std::function<void()> name_and_return(const std::string& name) {
+/// Types over what stands in the name, which a click has given the keys.
+Step name_and_return(const std::string& name) {
     return [name] {
-        click(middle_of(file_text()));
+        if (!ready("FSelectionBox")) return false;
+        if (XmGetFocusWidget(top_modal_widget()) != file_text()) {
+            click(middle_of(file_text()));
+            return false;
+        }
         key("ctrl+slash");
         type(name);
         key("Return");
+        return true;
     };
 }
 
@@ -318,9 +330,9 @@ TEST_F(FileDialogs, CancelLeavesNameAndDirectoryAsTheyWere) {
     for (const auto& way : ways) {
         std::string name = "uo2.gwr";
         type_ = 1;
-        EXPECT_EQ(select(open_flags, name,
-                         {in_files(name_and_return("sub")), when_listed({"..", "deeper"}, way)}),
-                  2);
+        EXPECT_EQ(
+            select(open_flags, name, {name_and_return("sub"), when_listed({"..", "deeper"}, way)}),
+            2);
         EXPECT_EQ(name, "uo2.gwr");
         EXPECT_EQ(type_, 1);
         EXPECT_EQ(std::filesystem::current_path(), folder_.path());
@@ -332,24 +344,23 @@ TEST_F(FileDialogs, PatternsAndDirectoriesAreFollowed) {
     const auto expect_files = [](const std::vector<std::string>& wanted) {
         return [wanted] { return ready("FSelectionBox") && items(file_list()) == wanted; };
     };
-    EXPECT_EQ(select(open_flags, name,
-                     {in_files(name_and_return("*.txt")), expect_files({"notes.txt"}), in_files([] {
-                          EXPECT_EQ(name_in_box(), "*.txt");
-                          name_and_return("sub/*.gwr")();
-                      }),
-                      expect_files({"inner.gwr"}), in_files(name_and_return("..")),
-                      expect_files({"hematite.gwr", "uo2.gwr"}), in_files([] {
-                          EXPECT_EQ(name_in_box(), "");
-                          const Point at = middle_of(XtParent(directory_list()));
-                          Dimension height = 0;
-                          XtVaGetValues(XtParent(directory_list()), XmNheight, &height, nullptr);
-                          // The second line: a list of twelve.
-                          const Point second{at.x, at.y - height / 2 + height * 3 / 24};
-                          click(second);
-                          click(second);
-                      }),
-                      expect_files({"inner.gwr"}), in_files(name_and_return("inner.gwr"))}),
-              1);
+    EXPECT_EQ(
+        select(open_flags, name,
+               {name_and_return("*.txt"), expect_files({"notes.txt"}),
+                in_files([] { EXPECT_EQ(name_in_box(), "*.txt"); }), name_and_return("sub/*.gwr"),
+                expect_files({"inner.gwr"}), name_and_return(".."),
+                expect_files({"hematite.gwr", "uo2.gwr"}), in_files([] {
+                    EXPECT_EQ(name_in_box(), "");
+                    const Point at = middle_of(XtParent(directory_list()));
+                    Dimension height = 0;
+                    XtVaGetValues(XtParent(directory_list()), XmNheight, &height, nullptr);
+                    // The second line: a list of twelve.
+                    const Point second{at.x, at.y - height / 2 + height * 3 / 24};
+                    click(second);
+                    click(second);
+                }),
+                expect_files({"inner.gwr"}), name_and_return("inner.gwr")}),
+        1);
     EXPECT_EQ(name, whole("sub/inner.gwr"));
 }
 
@@ -374,20 +385,17 @@ TEST_F(FileDialogs, FilesAndDirectoriesAreChosenByKeys) {
 
 TEST_F(FileDialogs, WhatIsMissingIsTold) {
     std::string name;
-    EXPECT_EQ(
-        select(
-            open_flags, name,
-            {in_files(name_and_return("none.gwr")), in_message(keys({"Return"})), in_files([] {
-                 EXPECT_EQ(name_in_box(), "none.gwr") << "for a correction";
-                 name_and_return("none/uo2.gwr")();
-             }),
-             in_message(keys({"Escape"})), in_files(name_and_return("/" + std::string(256, 'a'))),
-             in_message(keys({"Return"})), in_files(keys({"Escape"}))}),
-        2);
+    EXPECT_EQ(select(open_flags, name,
+                     {name_and_return("none.gwr"), in_message(keys({"Return"})),
+                      in_files([] { EXPECT_EQ(name_in_box(), "none.gwr") << "for a correction"; }),
+                      name_and_return("none/uo2.gwr"), in_message(keys({"Escape"})),
+                      name_and_return("/" + std::string(256, 'a')), in_message(keys({"Return"})),
+                      in_files(keys({"Escape"}))}),
+              2);
     EXPECT_EQ(name, "");
     // Without must-exist it is offered.
     EXPECT_EQ(select(FilePrompting, name,
-                     {in_files(name_and_return("new.gwr")), in_message(keys({"Tab", "Return"})),
+                     {name_and_return("new.gwr"), in_message(keys({"Tab", "Return"})),
                       in_files(keys({"Return"})), in_message(keys({"Return"}))}),
               1);
     EXPECT_EQ(name, whole("new.gwr"));
@@ -428,12 +436,8 @@ TEST_F(FileDialogs, AnotherFilterIsChosen) {
     type_ = 1;
     EXPECT_EQ(select(open_flags, name,
                      {in_files(keys({"Tab", "space"})), in_menu(keys({"Down"})),
-                      in_menu(keys({"Return"})),
-                      [] {
-                          if (!ready("FSelectionBox") || item_count(file_list()) != 1) return false;
-                          name_and_return("notes.txt")();
-                          return true;
-                      }},
+                      in_menu(keys({"Return"})), [] { return item_count(file_list()) == 1; },
+                      name_and_return("notes.txt")},
                      " Structure | *.gwr | Notes|*.txt|"),
               1);
     EXPECT_EQ(name, whole("notes.txt"));
@@ -459,10 +463,9 @@ TEST_F(FileDialogs, NamesThatAreNoTextComeBackByteForByte) {
 
 TEST_F(FileDialogs, ADirectoryIsSelected) {
     std::string name;
-    EXPECT_EQ(select(FileDirectory, name, {in_files([] {
-                         EXPECT_FALSE(XtIsManaged(XtParent(file_list())));
-                         name_and_return("sub/deeper")();
-                     })}),
+    EXPECT_EQ(select(FileDirectory, name,
+                     {in_files([] { EXPECT_FALSE(XtIsManaged(XtParent(file_list()))); }),
+                      name_and_return("sub/deeper")}),
               1);
     EXPECT_EQ(name, whole("sub/deeper"));
     EXPECT_EQ(select(FileDirectory, name, {in_files(keys({"Return"}))}), 1) << "the one shown";

@@ -3,6 +3,7 @@
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/motif_text.hpp"
 #include "toolkit/base/shell_title.hpp"
+#include "toolkit/messages/focus.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/modal_loop.hpp"
 #include "toolkit/messages/snapshots.hpp"
@@ -75,6 +76,7 @@ void ModalBox::run() {
     yyMSModalMessageLoop(box_, -1);
     XtUnmanageChild(box_);
     XtPopdown(shell);
+    repeat_focus(shell);
     yygetwindowbitmap(false);
 }
 

@@ -5,6 +5,7 @@
 #include "toolkit/dialogs/fields/tab.hpp"
 #include "toolkit/dialogs/focus.hpp"
 #include "toolkit/dialogs/layout.hpp"
+#include "toolkit/messages/focus.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/messages/modal_loop.hpp"
 #include "toolkit/messages/snapshots.hpp"
@@ -82,19 +83,6 @@ void focus_at_start(DialogRecord& dialog, int field) {
     move_focus(*wanted);
 }
 
-/// A window that was clicked while a dialog locked it out has the focus of the display, but its
-/// widgets haven't heard of it: the news was held back as all input is. This repeats it.
-void repeat_focus(const DialogRecord& leaving) {
-    Window focus = 0;
-    int revert = 0;
-    XGetInputFocus(yydisplay.display, &focus, &revert);
-    const Widget widget =
-        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
-    if (!widget || dialog_around(widget) == &leaving) return;
-    XSetInputFocus(yydisplay.display, PointerRoot, RevertToPointerRoot, CurrentTime);
-    XSetInputFocus(yydisplay.display, focus, revert, CurrentTime);
-}
-
 }  // namespace
 
 Widget open_dialogs_from(Widget shell) { return std::exchange(state.opener, shell); }
@@ -154,7 +142,7 @@ void hide_dialog_record(DialogRecord& dialog) {
     if (dialog.widget) XtUnmanageChild(dialog.widget);
     // The opener may close before the dialog is shown again.
     if (dialog.shell) XtVaSetValues(dialog.shell, XmNtransientFor, yydialogparent(), nullptr);
-    if (locked_out) repeat_focus(dialog);
+    if (locked_out) repeat_focus(dialog.shell ? dialog.shell : dialog.widget);
     for (FieldRecord& field : dialog.fields)
         for (const TabPage& page : field.pages)
             if (page.slot >= 0) dialog_slot(page.slot).show_mode = -1;

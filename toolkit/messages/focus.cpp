@@ -17,6 +17,11 @@ struct State {
 };
 constinit State state{};
 
+bool within(Widget widget, Widget ancestor) {
+    while (widget && widget != ancestor) widget = XtParent(widget);
+    return widget;
+}
+
 }  // namespace
 
 void take_focus(const WindowSlot& slot, Time time) {
@@ -52,6 +57,17 @@ void return_focus() {
     // The lender may be gone.
     const ErrorTrap trap;
     XSetInputFocus(yydisplay.display, state.lender, state.revert, CurrentTime);
+}
+
+void repeat_focus(Widget leaving) {
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    const Widget widget =
+        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+    if (!widget || within(widget, leaving)) return;
+    XSetInputFocus(yydisplay.display, PointerRoot, RevertToPointerRoot, CurrentTime);
+    XSetInputFocus(yydisplay.display, focus, revert, CurrentTime);
 }
 
 }  // namespace tesserakit

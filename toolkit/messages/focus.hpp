@@ -19,4 +19,9 @@ void lend_focus(Window menu);
 /// menu's windows go.
 void return_focus();
 
+/// A window that was clicked while a dialog or box locked it out has the focus of the display, but
+/// its widgets haven't heard of it: the news was held back as all input is. This repeats it, after
+/// the dialog or box (`leaving`, its shell or widget) has gone.
+void repeat_focus(Widget leaving);
+
 }  // namespace tesserakit
