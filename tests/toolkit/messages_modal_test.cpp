@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/display_input.hpp"
+#include "tests/support/modal_visit.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/messages/interpreters.hpp"
@@ -29,38 +30,7 @@ using namespace display_input;
 
 namespace {
 
-/// What a user does while the program is in a loop of its own: each step is tried again, from a
-/// timer, until it is done. The last one is to end the loop.
-class Visit {
-public:
-    explicit Visit(std::vector<std::function<bool()>> steps) : steps_(std::move(steps)) { again(); }
-    ~Visit() { XtRemoveTimeOut(timer_); }
-    Visit(const Visit&) = delete;
-    Visit& operator=(const Visit&) = delete;
-
-    bool over() const { return next_ == steps_.size(); }
-
-private:
-    void again() { timer_ = XtAppAddTimeOut(yydisplay.app, 5, tick, this); }
-
-    static void tick(XtPointer closure, XtIntervalId*) {
-        Visit& visit = *static_cast<Visit*>(closure);
-        if (!visit.over() && visit.steps_[visit.next_]()) {
-            ++visit.next_;
-            visit.tries_ = 0;
-        } else if (nModalWindows > 0 && ++visit.tries_ > 600) {
-            // A user who waits for what never comes goes away, so that the test ends.
-            ADD_FAILURE() << "the loop goes on behind step " << visit.next_;
-            bModalMessageLoop = false;
-        }
-        visit.again();
-    }
-
-    std::vector<std::function<bool()>> steps_;
-    std::size_t next_ = 0;
-    int tries_ = 0;
-    XtIntervalId timer_ = 0;
-};
+using Visit = ModalVisit;
 
 std::vector<int> types_of(const std::vector<Received>& received) {
     std::vector<int> types;
