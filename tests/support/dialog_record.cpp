@@ -51,6 +51,8 @@ struct State {
     int error = 0;
     std::vector<std::string> calls;
     std::deque<std::pair<int, MessageRecord>> queue;
+    std::deque<Answer> answers;
+    int common_button = 0;  ///< that ended the last common dialog
     std::vector<int> waits;
 };
 State& record = *new State;
@@ -274,6 +276,8 @@ void set(Place place, int value) {
     else
         field.value = value;
 }
+
+void answer(const Answer& answer) { record.answers.push_back(answer); }
 
 void post(int type, const MessageRecord& message) { record.queue.emplace_back(type, message); }
 std::vector<int> waits() { return record.waits; }
@@ -527,6 +531,49 @@ void wgridlabelrow(int identifier, int row, std::string_view text) {
         ADD_FAILURE() << "no row " << row << " in grid " << identifier;
     else
         field->rows[size_of(row) - 1].first = text;
+}
+
+// Common dialogs
+
+Answer next_answer() {
+    Answer answer;
+    if (!record.answers.empty()) {
+        answer = record.answers.front();
+        record.answers.pop_front();
+    }
+    record.common_button = answer.button;
+    return answer;
+}
+
+int winfodialog(int item) { return item == 1 || item == 4 ? record.common_button : 0; }
+
+void wmessagebox(int buttons, int icon, int default_button, std::string_view message,
+                 std::string_view title) {
+    note("wmessagebox", {std::to_string(buttons), std::to_string(icon),
+                         std::to_string(default_button), std::string(title), std::string(message)});
+    next_answer();
+}
+
+void wselectfile2(std::string_view filter, int flags, std::string& filename, std::string_view title,
+                  int*) {
+    note("wselectfile2",
+         {std::to_string(flags), std::string(filter), std::string(title), filename});
+    const Answer answer = next_answer();
+    if (answer.button == 1) filename = answer.file;
+}
+
+void wselectcolour1(int& colour) {
+    note("wselectcolour1", {std::to_string(colour)});
+    const Answer answer = next_answer();
+    if (answer.button == 1) colour = answer.colour;
+}
+
+int wrgb(int red, int green, int blue) { return red + 256 * green + 65536 * blue; }
+
+void wrgbsplit(int colour, int* red, int* green, int* blue) {
+    if (red) *red = colour % 256;
+    if (green) *green = colour / 256 % 256;
+    if (blue) *blue = colour / 65536;
 }
 
 }  // namespace tesserakit

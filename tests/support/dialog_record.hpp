@@ -59,6 +59,15 @@ void type(Place place, const std::string& text);
 /// trackbar; selects an option.
 void set(Place place, int value);
 
+/// What the user does in the next common dialog that is called: presses a button, 1 for OK or Yes,
+/// having chosen a file or a colour. Where nothing more is told, each dialog is cancelled.
+struct Answer {
+    int button = 2;
+    std::string file = {};
+    int colour = 0;
+};
+void answer(const Answer& answer);
+
 // Messages and time
 
 /// Queues a message for wmessagepeek.
