@@ -1,5 +1,6 @@
 #include "app/event_loop.hpp"
 
+#include "app/commands.hpp"
 #include "app/dialog_binding.hpp"
 #include "app/drag.hpp"
 #include "app/identifiers.hpp"
@@ -65,15 +66,17 @@ void push_button(const MessageRecord& message) {
 
 void close_window(int window) {
     if (window == 0)
-        state.ended = true;
+        end_event_loop();
     else if (window == 1)
         windowclosechild(child_window);
 }
 
-/// Any button, field and window: the message's own are not looked at. Menu and toolbar items have
-/// no commands yet.
+/// A press, a move and a release act whatever button, field and window they tell.
 void act(int type, const MessageRecord& message) {
     switch (type) {
+        case MenuSelect:
+            run_command(message.VALUE1);
+            break;
         case PushButton:
             push_button(message);
             break;
@@ -131,6 +134,8 @@ void refresh_screen_size() {
     wcfgl_display::current_screen_width = winfodrawable(4);
     wcfgl_display::current_screen_height = winfodrawable(5);
 }
+
+void end_event_loop() { state.ended = true; }
 
 void run_event_loop() {
     state.ended = false;

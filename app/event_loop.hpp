@@ -15,6 +15,9 @@ void refresh_screen_size();
 /// Serves messages until the program is asked to end.
 void run_event_loop();
 
+/// Ends the loop once the message in hand has been served, without a question.
+void end_event_loop();
+
 /// Gives the context back and closes all windows.
 void end_program();
 

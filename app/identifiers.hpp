@@ -15,6 +15,59 @@ inline constexpr int scene = 30101;
 inline constexpr int file = 30102;
 }  // namespace toolbar
 
+/// Menu items, and toolbar buttons where they are called so.
+namespace item {
+// File
+inline constexpr int new_file = 40002;
+inline constexpr int new_button = 40120;
+inline constexpr int open = 40003;
+inline constexpr int open_button = 40115;
+inline constexpr int close = 40006;
+inline constexpr int save = 40004;
+inline constexpr int save_button = 40117;
+inline constexpr int save_as = 40005;
+inline constexpr int save_as_button = 40118;
+inline constexpr int export_bitmap = 40028;
+inline constexpr int exit = 40007;
+inline constexpr int reload_button = 40122;
+inline constexpr int edit_button = 40121;
+// Crystal Structure
+inline constexpr int space_group = 40013;
+inline constexpr int cell = 40021;
+inline constexpr int atoms = 40015;
+inline constexpr int bonds = 40016;
+inline constexpr int polyhedra = 40018;
+// Magnetic structure
+inline constexpr int magnetic = 40012;
+inline constexpr int magnetic_operators = 40019;
+inline constexpr int magnetic_atoms = 40020;
+inline constexpr int list_moments = 40017;
+// Options
+inline constexpr int material = 40029;
+inline constexpr int lamp = 40026;
+inline constexpr int box = 40025;
+inline constexpr int axes = 40023;
+inline constexpr int moment = 40014;
+// Help
+inline constexpr int about = 40009;
+// the toolbar of the scene
+inline constexpr int background_colour = 40108;
+inline constexpr int cell_colour = 40101;
+inline constexpr int hide_cell = 40103;
+inline constexpr int show_single_cell = 40104;
+inline constexpr int show_multiple_cells = 40102;
+inline constexpr int hide_axes = 40107;
+inline constexpr int show_axes = 40105;
+inline constexpr int hide_atoms = 40106;
+inline constexpr int show_atoms = 40110;
+inline constexpr int hide_hydrogens = 40111;
+inline constexpr int show_hydrogens = 40116;
+inline constexpr int hide_bonds = 40109;
+inline constexpr int show_bonds = 40112;
+inline constexpr int hide_moments = 40114;
+inline constexpr int show_moments = 40113;
+}  // namespace item
+
 namespace dialog {
 inline constexpr int main = 101;
 inline constexpr int space_group = 102;

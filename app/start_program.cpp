@@ -1,11 +1,9 @@
+#include "app/commands.hpp"
 #include "app/dialog_binding.hpp"
 #include "app/event_loop.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
 #include "scene/wcfgl_display.hpp"
-#include "scene/wcfgl_io.hpp"
-#include "scene/wcfgl_quaternion.hpp"
-#include "scene/wcfgl_trackball.hpp"
 #include "toolkit/tesserakit.hpp"
 
 namespace gemwright {
@@ -29,12 +27,6 @@ void enable_messages() {
     for (const int type : {MouseButUp, MouseMove, FieldChanged}) wmessageenable(type, 1);
 }
 
-void open_file() {
-    wcfgl_io::read_gwr_file(current_file_name, &view_quaternion);
-    wcfgl_trackball::current_rot_matrix = wcfgl_quaternion::quat2mat(view_quaternion);
-    set_all_fields();
-}
-
 }  // namespace
 
 void start_program() {
@@ -51,7 +43,7 @@ void start_program() {
     enable_messages();
     wglselect(gl_on_field, field::picture, gl_double_buffered);
     wcfgl_display::display_init();
-    if (!current_file_name.blank()) open_file();
+    if (!current_file_name.blank()) open_current_file();
     refresh_screen_size();
 }
 

@@ -62,6 +62,18 @@ TEST_F(EventLoop, DrawsAfterAMessageOfAnyKindActedOnOrNot) {
     EXPECT_EQ(frames(), 1 + static_cast<int>(types.size()));
 }
 
+TEST_F(EventLoop, ACommandIsRunAndTheExitEndsTheProgramWithoutAQuestion) {
+    post(MenuSelect, {.VALUE1 = item::lamp});
+    post(MenuSelect, {.VALUE1 = item::exit});
+    post(MenuSelect, {.VALUE1 = item::box});
+    current_file_name = "any.gwr";
+    run();
+    EXPECT_TRUE(dialog_record::is_shown(dialog::lamp));
+    EXPECT_FALSE(dialog_record::is_shown(dialog::box));
+    EXPECT_EQ(frames(), 2);
+    EXPECT_THAT(dialog_record::calls_of("wmessagebox"), SizeIs(0));
+}
+
 TEST_F(EventLoop, AnIdlePassWaitsForTheDisplayAndDrawsNothing) {
     run(3);
     EXPECT_EQ(frames(), 1);
