@@ -151,7 +151,9 @@ void run_event_loop() {
             state.frame_due = true;
             if (Clock::now() - state.last_frame >= longest_without_frame) draw();
         } else {
-            if (state.frame_due) draw();
+            // A command may wait in a box, with what the menu has covered of the picture
+            // unrepaired.
+            if (state.frame_due || type == MenuSelect) draw();
             act(type, message);
             if (!state.ended) draw();
         }

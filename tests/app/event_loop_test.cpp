@@ -59,7 +59,8 @@ TEST_F(EventLoop, DrawsAfterAMessageOfAnyKindActedOnOrNot) {
                                  FieldChanged, TabChanged,    TimerExpired, 0};
     for (const int type : types) post(type, {.WIN = 7});
     run();
-    EXPECT_EQ(frames(), 1 + static_cast<int>(types.size()));
+    const int before_the_command = 1;
+    EXPECT_EQ(frames(), 1 + static_cast<int>(types.size()) + before_the_command);
 }
 
 TEST_F(EventLoop, ACommandIsRunAndTheExitEndsTheProgramWithoutAQuestion) {
@@ -70,8 +71,14 @@ TEST_F(EventLoop, ACommandIsRunAndTheExitEndsTheProgramWithoutAQuestion) {
     run();
     EXPECT_TRUE(dialog_record::is_shown(dialog::lamp));
     EXPECT_FALSE(dialog_record::is_shown(dialog::box));
-    EXPECT_EQ(frames(), 2);
     EXPECT_THAT(dialog_record::calls_of("wmessagebox"), SizeIs(0));
+}
+
+// A box that the command opens leaves no time for it.
+TEST_F(EventLoop, WhatAMenuHasCoveredIsDrawnBeforeItsCommand) {
+    post(MenuSelect, {.VALUE1 = item::exit});
+    run();
+    EXPECT_EQ(frames(), 2);
 }
 
 TEST_F(EventLoop, AnIdlePassWaitsForTheDisplayAndDrawsNothing) {
