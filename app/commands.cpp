@@ -27,6 +27,7 @@ namespace gemwright {
 namespace {
 
 using namespace tesserakit;
+using wcfgl_io::FileName;
 
 /// What winfodialog(4) says behind a common dialog: OK, or Yes.
 bool agreed() { return winfodialog(4) == 1; }
@@ -45,11 +46,11 @@ void warn(std::string_view file, std::string_view text, std::string_view title) 
 /// The name that the user chooses, the box beginning with the current one. Absent when the box is
 /// cancelled, and, with a message, for a name that current_file_name can't hold as it is: it would
 /// become that of another file.
-std::optional<FixedText<256>> ask_for_file(int flags, std::string_view title) {
+std::optional<FileName> ask_for_file(int flags, std::string_view title) {
     std::string name(current_file_name.trimmed());
     wselectfile2(structure_files, flags, name, title);
     if (!agreed()) return std::nullopt;
-    const FixedText<256> kept{std::string_view(name)};
+    const FileName kept{std::string_view(name)};
     if (kept.trimmed() == name) return kept;
     warn(name, "The name is longer than 256 bytes, or ends with a blank.", title);
     return std::nullopt;
@@ -61,7 +62,7 @@ bool told(const safe_file::Outcome& outcome, std::string_view file) {
     return static_cast<bool>(outcome);
 }
 
-bool write_model(const FixedText<256>& name) {
+bool write_model(const FileName& name) {
     return told(wcfgl_io::write_gwr_file(name, view_quaternion), name.trimmed());
 }
 
