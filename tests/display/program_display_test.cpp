@@ -167,11 +167,14 @@ std::vector<unsigned> at_rest(const Rectangle& shown) {
     return pixels(shown);
 }
 
-bool has_colour(const std::vector<unsigned>& seen, bool (*is)(int r, int g, int b)) {
-    return std::any_of(seen.begin(), seen.end(), [is](unsigned p) {
+int count(const std::vector<unsigned>& seen, bool (*is)(int r, int g, int b)) {
+    return static_cast<int>(std::count_if(seen.begin(), seen.end(), [is](unsigned p) {
         return is(static_cast<int>(p >> 16 & 255), static_cast<int>(p >> 8 & 255),
                   static_cast<int>(p & 255));
-    });
+    }));
+}
+bool has_colour(const std::vector<unsigned>& seen, bool (*is)(int r, int g, int b)) {
+    return count(seen, is) > 0;
 }
 
 TEST(ProgramDisplay, ShowsAFileAndEndsByTheWindowManagersClose) {
@@ -267,6 +270,89 @@ TEST(ProgramDisplay, TheContinuousReadFollowsAnEditor) {
     EXPECT_TRUE(comes_to_show(shown, [&](const auto& s) { return has_colour(s, greenish); }));
     click_field(shown, continuous_read);
     EXPECT_EQ(program.close_by_window_manager(), 0);
+}
+
+/// An item of the first menu, so many steps down from its first; by the keyboard, as its place
+/// depends on the font.
+void choose_in_file_menu(int steps) {
+    key("F10");
+    for (int i = 0; i < steps; ++i) key("Down");
+    key("Return");
+}
+constexpr int open_item = 1, close_item = 2, save_as_item = 4, exit_item = 6;
+
+/// Buttons of 22 pixels, the first two pixels from the toolbar's corner. The toolbar of the scene
+/// is to the left of the main dialog, that of the file above both.
+constexpr int to_middle = 13, next_button = 22, gap = 6;
+void click_scene_button(const Rectangle& shown, int buttons_before, int gaps_before) {
+    const int below = to_middle + buttons_before * next_button + gaps_before * gap;
+    click({window_titled(title).x + to_middle, field_at(shown, 1, 0).y + below});
+}
+void click_reload(const Rectangle& shown) {
+    click({window_titled(title).x + to_middle + 2 * next_button,
+           field_at(shown, 1, 0).y - to_middle});
+}
+
+void wait_until_gone(const std::string& box) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (is_shown(box) && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
+    EXPECT_FALSE(is_shown(box)) << box;
+}
+
+/// The name's field is a fifth of the box above its lower edge.
+void answer_file_box(const std::string& box, const std::string& name) {
+    click(in(window_titled(box), 0.5, 0.8));
+    key("ctrl+slash");
+    type(name);
+    key("Return");
+    wait_until_gone(box);
+}
+
+TEST(ProgramDisplay, ARoundThroughTheMenusEndsInAFileThatReadsBack) {
+    const auto reddish = [](int r, int g, int b) { return r > 100 && g < 60 && b < 60; };
+    const auto greenish = [](int r, int g, int b) { return g > 100 && r < 60 && b < 60; };
+    const TempDirectory folder;
+    const std::string atom = "CELL 4 4 4 90 90 90\nATOM A FE 0.5 0.5 0.5 RADIUS 3 COLOR ";
+    const std::string opened = folder.file("opened.gwr", atom + "1 0 0 1\n");
+    const std::string saved = folder.name("saved.gwr");
+    const auto written = [&] { return content_of(saved).find("SPACEG") != std::string::npos; };
+    Program program({});
+    const Rectangle shown = picture();
+    // The atom is large, the axes have both colours too.
+    const auto shows = [&](auto colour, bool wanted = true) {
+        return comes_to_show(shown, [&](const auto& seen) {
+            return (count(seen, colour) > shown.width * shown.height / 50) == wanted;
+        });
+    };
+    click(field_at(shown, 200, 12));  // gives the window the keys
+
+    choose_in_file_menu(open_item);
+    answer_file_box("Open Gemwright files", opened);
+    EXPECT_TRUE(shows(reddish));
+    click_scene_button(shown, 7, 3);  // Hide atoms
+    EXPECT_TRUE(shows(reddish, false));
+    click_scene_button(shown, 8, 3);  // Display atoms
+    EXPECT_TRUE(shows(reddish));
+
+    choose_in_file_menu(save_as_item);
+    answer_file_box("Save Gemwright files", saved);
+    EXPECT_TRUE(comes_to_show(shown, [&](const auto&) { return written(); }));
+    folder.file("saved.gwr", atom + "0 1 0 1\n");
+    click_reload(shown);
+    EXPECT_TRUE(shows(greenish));
+
+    choose_in_file_menu(close_item);
+    window_titled("Save");
+    key("Return");  // Yes
+    wait_until_gone("Save");
+    EXPECT_TRUE(shows(greenish, false));
+    choose_in_file_menu(exit_item);
+    EXPECT_EQ(program.wait_for_end(), 0);
+    EXPECT_TRUE(written());
+
+    Program again({saved});
+    EXPECT_TRUE(shows(greenish));
+    EXPECT_EQ(again.close_by_window_manager(), 0);
 }
 
 }  // namespace
