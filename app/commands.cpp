@@ -1,7 +1,6 @@
 #include "app/commands.hpp"
 
 #include "app/dialog_binding.hpp"
-#include "app/event_loop.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
 #include "common/safe_file.hpp"
@@ -223,6 +222,8 @@ void plot_moments() {
 
 void nothing() {}
 
+void exit_program() { ending = true; }
+
 /// item::export_bitmap and item::edit_button have no row: the export and the editor aren't there.
 constexpr struct {
     int item;
@@ -238,7 +239,7 @@ constexpr struct {
     {item::save_button,         save_file},
     {item::save_as,             save_file_as},
     {item::save_as_button,      save_file_as},
-    {item::exit,                end_event_loop},
+    {item::exit,                exit_program},
     {item::reload_button,       reload_file},
     {item::space_group,         show<dialog::space_group>},
     {item::cell,                show<dialog::cell>},

@@ -26,7 +26,6 @@ constexpr int idle_wait_ms = 10;
 struct State {
     bool frame_due = false;
     Clock::time_point last_frame;
-    bool ended = false;
 };
 State& state = *new State;
 
@@ -66,7 +65,7 @@ void push_button(const MessageRecord& message) {
 
 void close_window(int window) {
     if (window == 0)
-        end_event_loop();
+        ending = true;
     else if (window == 1)
         windowclosechild(child_window);
 }
@@ -135,12 +134,10 @@ void refresh_screen_size() {
     wcfgl_display::current_screen_height = winfodrawable(5);
 }
 
-void end_event_loop() { state.ended = true; }
-
 void run_event_loop() {
-    state.ended = false;
+    ending = false;
     draw();
-    while (!state.ended) {
+    while (!ending) {
         int type = NoMessage;
         MessageRecord message;
         wmessagepeek(type, message);
@@ -155,7 +152,7 @@ void run_event_loop() {
             // unrepaired.
             if (state.frame_due || type == MenuSelect) draw();
             act(type, message);
-            if (!state.ended) draw();
+            if (!ending) draw();
         }
     }
 }

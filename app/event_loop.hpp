@@ -12,11 +12,8 @@ void start_program();
 /// Takes over the size of the picture field.
 void refresh_screen_size();
 
-/// Serves messages until the program is asked to end.
+/// Serves messages until `ending` is set.
 void run_event_loop();
-
-/// Ends the loop once the message in hand has been served, without a question.
-void end_event_loop();
 
 /// Gives the context back and closes all windows.
 void end_program();

@@ -23,6 +23,9 @@ extern int last_mouse_x;           ///< pixels, y downward, of the last step
 extern int last_mouse_y;
 /// The one further window, for text; 0 while there is none.
 extern int child_window;
+/// Set to end the program, without a question: the loop stops once the message in hand has been
+/// served.
+extern bool ending;
 
 /// The whole command line as a file name; ".gwr" is added unless it stands somewhere in the name,
 /// in any case. All words belong to the name. Blank without arguments; absent when it is longer
