@@ -1,12 +1,15 @@
 /// A user's doing while the program is in a loop of its own: a modal dialog, a common dialog.
 #pragma once
 
+#include "tests/support/display_input.hpp"
+
 #include <gtest/gtest.h>
 
 #include "toolkit/base/display.hpp"
 #include "toolkit/messages/modal.hpp"
 
 #include <X11/Intrinsic.h>
+#include <X11/StringDefs.h>
 
 #include <functional>
 #include <utility>
@@ -45,3 +48,18 @@ private:
     int tries_ = 0;
     XtIntervalId timer_ = 0;
 };
+
+/// The middle of a widget or gadget, where the server has it.
+inline display_input::Point middle_of(Widget widget) {
+    Position x = 0;
+    Position y = 0;
+    Dimension width = 0;
+    Dimension height = 0;
+    XtVaGetValues(widget, XtNx, &x, XtNy, &y, XtNwidth, &width, XtNheight, &height, nullptr);
+    display_input::Point at;
+    Window child = 0;
+    XTranslateCoordinates(tesserakit::yydisplay.display, XtWindow(XtParent(widget)),
+                          tesserakit::yydisplay.root, x + width / 2, y + height / 2, &at.x, &at.y,
+                          &child);
+    return at;
+}

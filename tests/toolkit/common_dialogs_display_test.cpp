@@ -62,19 +62,6 @@ std::function<void()> keys(const std::vector<std::string>& names) {
     };
 }
 
-Point middle_of(Widget widget) {
-    Position x = 0;
-    Position y = 0;
-    Dimension width = 0;
-    Dimension height = 0;
-    XtVaGetValues(widget, XmNx, &x, XmNy, &y, XmNwidth, &width, XmNheight, &height, nullptr);
-    Point at;
-    Window child = 0;
-    XTranslateCoordinates(yydisplay.display, XtWindow(XtParent(widget)), yydisplay.root,
-                          x + width / 2, y + height / 2, &at.x, &at.y, &child);
-    return at;
-}
-
 class CommonDialogs : public testing::Test {
 protected:
     void SetUp() override {

@@ -58,20 +58,6 @@ Widget dialog_shell(int dialog) {
     return shell_around(dialog_hooks.widget(dialog_hooks.slot(dialog)));
 }
 
-/// The middle of a widget or gadget, where the server has it.
-Point middle_of(Widget widget) {
-    Position x = 0;
-    Position y = 0;
-    Dimension width = 0;
-    Dimension height = 0;
-    XtVaGetValues(widget, XmNx, &x, XmNy, &y, XmNwidth, &width, XmNheight, &height, nullptr);
-    Point at;
-    Window child = 0;
-    XTranslateCoordinates(yydisplay.display, XtWindow(XtParent(widget)), yydisplay.root,
-                          x + width / 2, y + height / 2, &at.x, &at.y, &child);
-    return at;
-}
-
 /// A message box as the common dialogs make them: its shell is Motif's, unknown to the toolkit.
 struct MessageBox {
     Widget widget = nullptr;
