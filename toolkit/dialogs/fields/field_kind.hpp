@@ -1,7 +1,7 @@
 /// The kinds of field: what the rest of the dialogs does with a field of whatever kind.
 ///
 /// A kind is one source in this folder with one record of operations, found by the type of the
-/// field. A new kind touches these files and no others:
+/// field. A new kind touches these files:
 ///
 ///     toolkit/resource/yyrc.hpp                   its type in ResourceField
 ///     toolkit/resource/generator/field_line.cpp   its word in the catalogue
@@ -10,7 +10,9 @@
 ///     toolkit/tesserakit.hpp                      its public calls
 ///     toolkit/CMakeLists.txt                      the source
 ///
-/// and toolkit/widgets for a kind that no widget of Motif can show.
+/// and toolkit/widgets for a kind that no widget of Motif can show. One with rows of its own in the
+/// resource block (a range, items, pages) also touches rows.hpp, yyrc and
+/// generator/tables_writer.cpp in toolkit/resource.
 #pragma once
 
 #include "toolkit/dialogs/records.hpp"
