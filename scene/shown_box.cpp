@@ -25,21 +25,29 @@ struct State {
     unsigned group = 0;        ///< spacegroup_number that was counted with
     std::optional<Box> whole;  ///< what `part` was chosen for
     Box part{};
-    bool crowded = false;  ///< even the smallest part holds too much
-    std::size_t room = 0;  ///< while crowded: objects that may still be compiled
+    std::size_t objects = 0;  ///< in `part`
+    bool crowded = false;     ///< even the smallest part holds too much
+    std::size_t room = 0;     ///< while crowded: objects that may still be compiled
     unsigned generation = 0;
 };
 // Lists announce themselves before main, in any order.
 constinit State state;
 
-bool can_be_drawn(const Box& box, Count count) {
+double counted(const Box& box, Count count) {
     double sum = 0.0;
     for (std::size_t n = 0; n < state.counter_count; ++n) sum += state.counters[n](box, count);
-    return sum <= static_cast<double>(most_objects);
+    return sum;
 }
 
 bool can_be_drawn(const Box& box) {
-    return can_be_drawn(box, Count::AtMost) || can_be_drawn(box, Count::Exactly);
+    constexpr double most = most_objects;
+    return counted(box, Count::AtMost) <= most || counted(box, Count::Exactly) <= most;
+}
+
+std::size_t objects_in(const Box& box) {
+    double objects = counted(box, Count::AtMost);
+    if (!(objects <= few_objects)) objects = counted(box, Count::Exactly);
+    return objects < most_objects ? static_cast<std::size_t>(objects) : most_objects;
 }
 
 double length(const Box& box, std::size_t axis) {
@@ -96,6 +104,7 @@ void choose_part(const Box& whole) {
         state.part = largest_part(whole);
         state.crowded = !can_be_drawn(state.part);
     }
+    state.objects = objects_in(state.part);
     state.room = most_objects;
     const bool other_objects = !same(state.part, before) || state.crowded || was_crowded;
     if (same_box && other_objects) ++state.generation;
@@ -114,6 +123,11 @@ const Box& box() {
     if (state.changed || !same_group || !state.whole || !same(*state.whole, whole))
         choose_part(whole);
     return state.part;
+}
+
+std::size_t objects() {
+    box();
+    return state.objects;
 }
 
 unsigned generation() {

@@ -37,6 +37,12 @@ void contents_changed();
 /// there is none.
 const Box& box();
 
+/// How many objects box() holds, in the count above; a picture of few may count some that lie just
+/// outside. Never more than most_objects.
+std::size_t objects();
+/// Up to here a picture is one of few.
+inline constexpr std::size_t few_objects = 4096;
+
 /// Another number each time that all lists are to be compiled anew because another part of the same
 /// box is shown.
 unsigned generation();

@@ -1,9 +1,11 @@
 #include "scene/wcfgl_display.hpp"
 
+#include "scene/shown_box.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
 #include "scene/wcfgl_matom_tree.hpp"
 #include "scene/wcfgl_metrix.hpp"
+#include "scene/wcfgl_objects_definition.hpp"
 #include "scene/wcfgl_poly_tree.hpp"
 #include "scene/wcfgl_trackball.hpp"
 #include "toolkit/gl_calls.hpp"
@@ -76,6 +78,15 @@ void push_view() {
     translate(-centre);
 }
 
+/// Slices of the shapes with which a software renderer draws so many objects within seconds and two
+/// gigabytes: what it takes grows with the objects and the square of the slices. It is the full
+/// quality up to 32,768 objects at quality 20, and up to 3,640 at quality 60.
+int affordable_slices(std::size_t objects) {
+    constexpr double most_squares = 50.0 * shown_box::most_objects;
+    return static_cast<int>(
+        std::sqrt(most_squares / static_cast<double>(std::max<std::size_t>(objects, 1))));
+}
+
 }  // namespace
 
 void display_init() {
@@ -110,6 +121,7 @@ void display() {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     set_lamp();
     push_view();
+    wcfgl_objects_definition::limit_slices(affordable_slices(shown_box::objects()));
     wcfgl_metrix::draw_cell();
     wcfgl_metrix::draw_axes();
     wcfgl_atom_tree::draw_atoms();

@@ -2,6 +2,10 @@
 
 #include <GL/glu.h>
 
+#include <algorithm>
+#include <array>
+#include <limits>
+
 namespace wcfgl_objects_definition {
 namespace {
 
@@ -33,6 +37,11 @@ namespace {
 constexpr double tip_radius = 0.005;  ///< of the cones, which aren't quite closed
 constexpr int axes_slices = 15;
 constexpr int axes_stacks = 1;
+
+constexpr int fewest_slices = 3;
+constinit int most_slices = std::numeric_limits<int>::max();
+
+int limited(int slices) { return std::min(slices, most_slices); }
 
 /// An arrow of length 1.
 struct ArrowShape {
@@ -88,11 +97,15 @@ void arrow(GLUquadric* quadric, const ArrowShape& shape) {
     glPopMatrix();
 }
 
-void switch_to(const Resolution& resolution) {
-    present_resolution = resolution;
+void build_anew() {
     init_atom();
     init_moment();
     init_bond();
+}
+
+void switch_to(const Resolution& resolution) {
+    present_resolution = resolution;
+    build_anew();
 }
 
 /// A slider's hundredths, as a 32-bit value like the defaults above.
@@ -104,7 +117,8 @@ void init_atom() {
     GLUquadric* quadric = new_quadric();
     start_list(atom_definition);
     gluQuadricOrientation(quadric, GLU_OUTSIDE);
-    gluSphere(quadric, atom_radius, present_resolution.atom, present_resolution.atom);
+    const int slices = limited(present_resolution.atom);
+    gluSphere(quadric, atom_radius, slices, slices);
     end_list(quadric);
 }
 
@@ -116,13 +130,13 @@ void init_moment() {
                     .shaft_length = moment_shaft_length,
                     .head_radius = moment_head_radius,
                     .head_length = 1.0 - moment_shaft_length,
-                    .slices = present_resolution.moment_slices,
+                    .slices = limited(present_resolution.moment_slices),
                     .stacks = present_resolution.moment_stacks});
     end_list(quadric);
 }
 
 void init_bond() {
-    const int slices = present_resolution.bond_slices;
+    const int slices = limited(present_resolution.bond_slices);
     const int stacks = present_resolution.bond_stacks;
     GLUquadric* quadric = new_quadric();
     start_list(bond_definition);
@@ -160,6 +174,16 @@ void switch_lowres_objects() {
 void switch_highres_objects() {
     highres = 1;
     switch_to(high_resolution);
+}
+
+void limit_slices(int most) {
+    const Resolution& r = present_resolution;
+    const auto slices = [&] {
+        return std::array{limited(r.atom), limited(r.moment_slices), limited(r.bond_slices)};
+    };
+    const auto before = slices();
+    most_slices = std::max(most, fewest_slices);
+    if (slices() != before) build_anew();
 }
 
 void change_res_objects(int quality) {

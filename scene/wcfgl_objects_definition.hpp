@@ -24,7 +24,7 @@ struct Resolution {
 
 extern const Resolution low_resolution;
 extern Resolution high_resolution;     ///< the user's quality
-extern Resolution present_resolution;  ///< what the next build of a shape uses
+extern Resolution present_resolution;  ///< what the next build uses, within limit_slices
 extern int highres;                    ///< 1 at the high resolution, 0 during a drag
 
 extern double moment_shaft_radius;
@@ -43,6 +43,11 @@ void init_axes();
 /// Rebuild atom, moment and bond at that resolution; the axes have only one.
 void switch_lowres_objects();
 void switch_highres_objects();
+
+/// From now on atom, moment and bond are built with no more slices than `most`, or 3, whatever the
+/// resolution; the sphere's stacks likewise. They are built anew only where that makes a
+/// difference.
+void limit_slices(int most);
 
 /// Sets the slices of the high resolution, 6 to 60, and switches to it; the stacks stay 1. Other
 /// values change nothing.

@@ -131,6 +131,27 @@ TEST(ShownBox, WhatOneCellCannotHoldEndsInTheOrderOfDrawing) {
     EXPECT_EQ(compiled.arrows, 1u);
 }
 
+TEST(ShownBox, OnlyLargePicturesAreDrawnWithFewerSlices) {
+    const auto slices = [](float cells, int quality) {
+        wcfgl_objects_definition::change_res_objects(quality);
+        define_box(0, cells, 0, cells, 0, cells);
+        frame();
+        return gl_silent::slices_of_sphere();
+    };
+    push_atom_at({0.5f, 0.5f, 0.5f});
+    EXPECT_EQ(slices(32, 20), 20);
+    EXPECT_EQ(slices(64, 20), 7);  // 262,144 spheres, as many facets as 32,768 of quality 20
+    EXPECT_EQ(shown_box::objects(), 262'144u);
+    EXPECT_EQ(slices(15, 60), 60);
+    EXPECT_EQ(slices(20, 60), 40);  // 8,000 spheres
+    EXPECT_EQ(shown_box::objects(), 8000u);
+    EXPECT_EQ(slices(1, 20), 20);
+    wcfgl_objects_definition::switch_lowres_objects();
+    frame();
+    EXPECT_EQ(gl_silent::slices_of_sphere(), 6) << "a drag's";
+    wcfgl_objects_definition::switch_highres_objects();
+}
+
 TEST(ShownBox, NoBoxTakesLongOrMoreThanItsShare) {
     wcfgl_metrix::define_cell({4, 4, 4}, {90, 90, 90});
     wcfgl_metrix::define_spacegroup("P -1");

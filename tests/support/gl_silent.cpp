@@ -17,6 +17,7 @@ struct Counter {
     std::vector<GLuint> freed;
     std::vector<std::size_t> list_calls;  ///< by name
     std::size_t names = 0;
+    int sphere_slices = 0;
 };
 Counter& counter = *new Counter;  // outlives static objects that still delete lists
 
@@ -46,6 +47,7 @@ void free_name(GLuint name) {
 
 std::size_t calls() { return counter.calls; }
 std::size_t names() { return counter.names; }
+int slices_of_sphere() { return counter.sphere_slices; }
 
 std::size_t calls_of_list(unsigned name) {
     return name < counter.list_calls.size() ? counter.list_calls[name] : 0;
@@ -123,7 +125,10 @@ void gluDeleteQuadric(GLUquadric* quadric) {
 void gluQuadricNormals(GLUquadric*, GLenum) { count(); }
 void gluQuadricDrawStyle(GLUquadric*, GLenum) { count(); }
 void gluQuadricOrientation(GLUquadric*, GLenum) { count(); }
-void gluSphere(GLUquadric*, GLdouble, GLint, GLint) { count(); }
+void gluSphere(GLUquadric*, GLdouble, GLint slices, GLint) {
+    count();
+    gl_silent::counter.sphere_slices = slices;
+}
 void gluDisk(GLUquadric*, GLdouble, GLdouble, GLint, GLint) { count(); }
 void gluCylinder(GLUquadric*, GLdouble, GLdouble, GLdouble, GLint, GLint) { count(); }
 

@@ -18,4 +18,7 @@ std::size_t names();
 /// Calls of the list of that name since the start, those compiled into other lists included.
 std::size_t calls_of_list(unsigned name);
 
+/// Of the last sphere that was built.
+int slices_of_sphere();
+
 }  // namespace gl_silent
