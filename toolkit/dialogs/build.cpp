@@ -1,3 +1,7 @@
+// From records to widgets. What differs between kinds of fields stands in fields/; here is what all
+// have in common: room for the text, colours, keys, the state at the start. A shell is made first
+// where the dialog has a window of its own.
+
 #include "toolkit/dialogs/build.hpp"
 
 #include "toolkit/base/display.hpp"
@@ -99,6 +103,8 @@ void resized(Widget, XtPointer client, XtPointer) {
     lay_out_fields(*static_cast<DialogRecord*>(client));
 }
 
+/// The parent was destroyed, by its window say, while the dialog is still loaded: the records stay
+/// and answer as a dialog without widgets.
 void widgets_gone(Widget, XtPointer client, XtPointer) {
     DialogRecord& dialog = *static_cast<DialogRecord*>(client);
     dialog.widget = nullptr;
@@ -126,6 +132,7 @@ Widget create_shell(DialogRecord& dialog) {
     args(XmNdeleteResponse, XmDO_NOTHING)(XmNallowShellResize, False);
     args(XmNminWidth, dialog.width)(XmNminHeight, dialog.height);
     long functions = MWM_FUNC_MOVE | MWM_FUNC_CLOSE;
+    // Smaller than its records no dialog can be laid out without fields on top of each other.
     if (dialog.resize_field != 0)
         functions |= MWM_FUNC_RESIZE | MWM_FUNC_MAXIMIZE;
     else
@@ -160,6 +167,7 @@ void create_widgets(DialogRecord& dialog, Widget parent) {
 
 void destroy_widgets(DialogRecord& dialog) {
     if (!dialog.widget) return;
+    // Xt tells of a destruction later, when the slot may hold another dialog.
     XtRemoveCallback(dialog.widget, XmNdestroyCallback, widgets_gone, &dialog);
     XtDestroyWidget(dialog.shell ? dialog.shell : dialog.widget);
 }

@@ -1,3 +1,7 @@
+// The public calls on a whole dialog. Each acts on the current one and stores an error where it
+// can't; nothing here ends the program or leaves a dialog half shown. How a dialog comes onto the
+// screen stands in show.cpp, how it is left in exit.cpp.
+
 #include "common/fixed_text.hpp"
 #include "toolkit/base/display.hpp"
 #include "toolkit/base/errors.hpp"
@@ -84,6 +88,7 @@ void wdialogshow(int x, int y, int field, int mode) {
     if (dialog->window >= 0) return show_hosted(*dialog, field);
     if (!dialog->shell)
         if (const int error = child_error()) return yyerror(error, "WDialogShow");
+    // One that is on the screen already is raised, and keeps its mode.
     const bool was_shown = dialog->shown();
     mode = was_shown ? mode : allowed_mode(mode);
     if (mode == DialogModal && !was_shown) return run_modal(*dialog, x, y, field);
@@ -117,6 +122,7 @@ void wdialogsetfield(int identifier) {
 
 int winfodialog(int item) {
     if (item == 5) return last_exit_dialog();
+    // A common dialog has no record; the button that left it is asked for like any other's.
     if (item == 1 || item == 4)
         if (const std::optional<int> button = common_exit()) return *button;
     DialogRecord* dialog = current_dialog("WInfoDialog");

@@ -1,3 +1,6 @@
+// The rooms below know dialogs by slot only, and may ask about one that has been unloaded since:
+// every function looks its slot up anew and answers for an empty one, instead of keeping a record.
+
 #include "toolkit/dialogs/hosting.hpp"
 
 #include "toolkit/dialogs/focus.hpp"
@@ -77,6 +80,7 @@ HostedDialog yyDGhostcheck(int identifier) {
     yyrcdialogload(identifier, hosted.width, hosted.height, style, flags, resize_field, fields,
                    title);
     constexpr int wanted = dialog_style::child | dialog_style::control_parent;
+    // A dialog with a frame of its own would show a title bar inside the window.
     const bool framed = (style & dialog_style::caption) == dialog_style::caption ||
                         (style & dialog_style::system_menu) != 0;
     if ((style & wanted) != wanted || framed) return {.status = -2};
@@ -104,6 +108,7 @@ void yyDGhostplace(int slot, int x, int y, int width, int height) {
     if (!dialog) return;
     place(dialog->widget, x, y, width, height);
     lay_out_fields(*dialog);
+    // The window places its dialog at each of its own sizes; only the first time shows it.
     if (dialog->shown()) return;
     dialog->show_mode = DialogModeless;
     XtManageChild(dialog->widget);
@@ -159,6 +164,7 @@ void yyDGEnableMessage() {
 }
 
 void yyDGshutdown() {
+    // A page goes with the dialog whose tab holds it.
     for (DialogRecord& dialog : wDialogInfo)
         if (dialog.loaded() && !dialog.is_page()) unload(dialog);
     wDialog = -1;

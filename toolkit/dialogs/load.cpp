@@ -1,3 +1,7 @@
+// A dialog is made in two steps: its records from the resource block, in pixels of the present
+// dialog font, then its widgets, in the order of the records. The pages of a tab are dialogs in
+// slots of their own and come last, for they are built inside the finished dialog.
+
 #include "toolkit/dialogs/load.hpp"
 
 #include "toolkit/base/display.hpp"
@@ -68,6 +72,7 @@ void load_mnemonic(int dialog, FieldRecord& field) {
     if (kind_of(field).marks_mnemonic) take_mnemonic(field);
     int character = 0;
     yyrcfieldshortcut(dialog, field.identifier, character);
+    // The table's own mnemonic wins over one marked in the text.
     if (character > ' ' && character < 127) field.mnemonic = lower(static_cast<char>(character));
 }
 
@@ -79,6 +84,7 @@ FieldRecord field_record(DialogRecord& dialog, const FieldColumns& columns, std:
     field.loaded_box = {pixels_across(columns.x[i]), pixels_down(columns.y[i]),
                         pixels_across(columns.width[i]), pixels_down(columns.height[i])};
     field.box = field.loaded_box;
+    // What a resizing keeps of a field that is bound to the right or lower edge.
     field.right_margin = dialog.width - field.box.x - field.box.width;
     field.bottom_margin = dialog.height - field.box.y - field.box.height;
     field.style = columns.style[i];
@@ -184,6 +190,7 @@ void unload(DialogRecord& dialog) {
     for (FieldRecord& field : dialog.fields)
         for (const TabPage& page : field.pages)
             if (page.slot >= 0) unload(dialog_slot(page.slot));
+    // Whoever holds the slot or the identifier lets go of it before the widgets die.
     forget_focus(dialog);
     if (dialog.show_mode == DialogSemiModal) yyMSSemiAddRemove(-1, 2, slot_of(dialog));
     gl_forget_dialog(slot_of(dialog));

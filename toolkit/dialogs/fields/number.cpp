@@ -1,3 +1,7 @@
+// Numbers are typed as text: what the user sees is the widget's text, what the program gets is the
+// number that the text stands for (numeric_field.hpp). A spinner is the same field with two arrows,
+// whose steps put a formatted number as the program would.
+
 #include "common/fixed_text.hpp"
 #include "toolkit/base/errors.hpp"
 #include "toolkit/dialogs/fields/field_kind.hpp"
@@ -70,6 +74,7 @@ void get_number(int identifier, FieldType type, Value& value, Value undefined,
                 const char* routine) {
     const FieldRecord* field = current_field(identifier, type, routine);
     if (!field) return;
+    // A caller that goes on in spite of the error gets a number that no user would type.
     const auto current = current_value(*field->numeric, widget_text(*field));
     if (!current) yyerror(ValueUndefined, routine, identifier);
     value = current ? static_cast<Value>(*current) : undefined;
