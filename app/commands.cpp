@@ -21,6 +21,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace gemwright {
 namespace {
@@ -55,9 +56,10 @@ std::optional<FileName> ask_for_file(int flags, std::string_view title) {
     return std::nullopt;
 }
 
-/// Tells the user why nothing was saved.
-bool told(const safe_file::Outcome& outcome, std::string_view file) {
-    if (!outcome) warn(file, "The file could not be saved.\n" + outcome.reason, "Save");
+/// Tells the user why a file could not be saved or read; true when it could.
+bool told(const safe_file::Outcome& outcome, std::string_view file,
+          const std::string& done = "saved", std::string_view title = "Save") {
+    if (!outcome) warn(file, "The file could not be " + done + ".\n" + outcome.reason, title);
     return static_cast<bool>(outcome);
 }
 
@@ -65,18 +67,27 @@ bool write_model(const FileName& name) {
     return told(wcfgl_io::write_gwr_file(name, view_quaternion), name.trimmed());
 }
 
-/// What is open goes without a question.
+/// Looked at before the reader, which makes the group P 1 before anything else: a Save would then
+/// put that into the file that is open.
+bool can_be_read(const FileName& name, std::string_view title) {
+    return told(safe_file::can_be_read(std::string(name.trimmed())), name.trimmed(), "read", title);
+}
+
+/// What is open goes without a question, but not for a file that can't be read.
 void open_file() {
     const auto name = ask_for_file(for_opening, "Open Gemwright files");
-    if (!name) return;
-    current_file_name = *name;
-    open_current_file();
+    if (!name || !can_be_read(*name, "Open")) return;
+    const FileName former = std::exchange(current_file_name, *name);
+    if (told(open_current_file(), name->trimmed(), "read", "Open")) return;
+    current_file_name = former;
+    set_info_fields();
 }
 
 /// The view stays.
 void reload_file() {
-    if (current_file_name.blank()) return;
-    wcfgl_io::read_gwr_file(current_file_name);
+    constexpr std::string_view title = "Reload";
+    if (current_file_name.blank() || !can_be_read(current_file_name, title)) return;
+    told(wcfgl_io::read_gwr_file(current_file_name), current_file_name.trimmed(), "read", title);
     set_all_fields();
 }
 
@@ -284,10 +295,11 @@ bool run_command(int item) {
     return true;
 }
 
-void open_current_file() {
-    wcfgl_io::read_gwr_file(current_file_name, &view_quaternion);
+safe_file::Outcome open_current_file() {
+    const auto outcome = wcfgl_io::read_gwr_file(current_file_name, &view_quaternion);
     set_all_fields();
     wcfgl_trackball::current_rot_matrix = wcfgl_quaternion::quat2mat(view_quaternion);
+    return outcome;
 }
 
 }  // namespace gemwright

@@ -6,6 +6,9 @@
 #include "scene/wcfgl_display.hpp"
 #include "toolkit/tesserakit.hpp"
 
+#include <cstdio>
+#include <string>
+
 namespace gemwright {
 namespace {
 
@@ -27,6 +30,14 @@ void enable_messages() {
     for (const int type : {MouseButUp, MouseMove, FieldChanged}) wmessageenable(type, 1);
 }
 
+/// A name without a file is a new structure to be saved under it, and no box stands in its way.
+void open_named_file() {
+    const safe_file::Outcome outcome = open_current_file();
+    if (outcome) return;
+    const std::string name(current_file_name.trimmed());
+    std::fprintf(stderr, "gemwright: %s: %s\n", name.c_str(), outcome.reason.c_str());
+}
+
 }  // namespace
 
 void start_program() {
@@ -43,7 +54,7 @@ void start_program() {
     enable_messages();
     wglselect(gl_on_field, field::picture, gl_double_buffered);
     wcfgl_display::display_init();
-    if (!current_file_name.blank()) open_current_file();
+    if (!current_file_name.blank()) open_named_file();
     refresh_screen_size();
 }
 

@@ -327,6 +327,16 @@ bool may_hide_a_change(const timespec& modified) {
     return seconds * 1'000'000'000L + (now.tv_nsec - modified.tv_nsec) < 2 * step;
 }
 
+/// Opens a regular file that isn't too large.
+Outcome open_to_read(const std::string& name, Descriptor& file, struct stat& status) {
+    // Opening a pipe must not wait for its writer.
+    file = open_file(name, O_RDONLY | O_NONBLOCK);
+    if (!file || ::fstat(*file, &status) != 0) return failure(Failed::opening);
+    if (!S_ISREG(status.st_mode)) return {Failed::opening, "Not a regular file"};
+    if (status.st_size > static_cast<off_t>(largest)) return failure(Failed::reading, EFBIG);
+    return {};
+}
+
 }  // namespace
 
 Outcome save(const std::string& name, std::string_view text) {
@@ -353,12 +363,9 @@ Outcome read(const std::string& name, std::string& text) {
     std::string before;
     bool compare = false;
     for (int pass = 0; pass < most_passes; ++pass) {
-        // Opening a pipe must not wait for its writer.
-        const Descriptor file = open_file(name, O_RDONLY | O_NONBLOCK);
+        Descriptor file;
         struct stat status {};
-        if (!file || ::fstat(*file, &status) != 0) return failure(Failed::opening);
-        if (!S_ISREG(status.st_mode)) return {Failed::opening, "Not a regular file"};
-        if (status.st_size > static_cast<off_t>(largest)) return failure(Failed::reading, EFBIG);
+        if (Outcome opened = open_to_read(name, file, status); !opened) return opened;
         const State at_start(status);
         if (!read_all(*file, text)) return failure(Failed::reading);
         struct stat named {};
@@ -371,6 +378,12 @@ Outcome read(const std::string& name, std::string& text) {
         before.swap(text);
     }
     return {Failed::changing, "The file is being written"};
+}
+
+Outcome can_be_read(const std::string& name) {
+    Descriptor file;
+    struct stat status {};
+    return open_to_read(name, file, status);
 }
 
 }  // namespace safe_file

@@ -40,4 +40,8 @@ inline constexpr std::size_t largest = std::size_t{256} << 20;
 /// waits for a pipe.
 Outcome read(const std::string& name, std::string& text);
 
+/// What `read` would say without a look at the text: whether the file is there, regular, small
+/// enough, and may be read.
+Outcome can_be_read(const std::string& name);
+
 }  // namespace safe_file

@@ -17,8 +17,7 @@ namespace wcfgl_io {
 inline constexpr std::size_t longest_name = 256;
 using FileName = FixedText<longest_name>;
 
-/// How the last write_gwr_file went: 0 and blank, or 1 and what was tried. The reader has no
-/// status.
+/// How the last write_gwr_file went: 0 and blank, or 1 and what was tried.
 extern int err_flag;
 extern FixedText<80> err_mess;
 
@@ -27,11 +26,13 @@ extern FixedText<80> err_mess;
 ///
 /// With `quaternion` it becomes the identity and then the view of the file; without one, view lines
 /// are passed over. A file that isn't there, can't be read or is no regular file changes nothing
-/// but the group; one that another program is writing without a pause changes nothing at all. What
-/// can't be read in a file costs its line and is reported nowhere.
-void read_gwr_file(std::string_view file_name, Quaternion* quaternion = nullptr);
-inline void read_gwr_file(const FileName& file_name, Quaternion* quaternion = nullptr) {
-    read_gwr_file(file_name.trimmed(), quaternion);
+/// but the group; one that another program is writing without a pause changes nothing at all. The
+/// outcome holds the reason for the user. What can't be read in a file costs its line and is
+/// reported nowhere.
+safe_file::Outcome read_gwr_file(std::string_view file_name, Quaternion* quaternion = nullptr);
+inline safe_file::Outcome read_gwr_file(const FileName& file_name,
+                                        Quaternion* quaternion = nullptr) {
+    return read_gwr_file(file_name.trimmed(), quaternion);
 }
 
 /// Writes the model, with `quaternion` as its view, as safe_file::save does. A file that this

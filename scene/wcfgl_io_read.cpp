@@ -552,16 +552,16 @@ void Reader::read_components(std::string_view first) {
 
 }  // namespace
 
-void read_gwr_file(std::string_view file_name, Quaternion* quaternion) {
+safe_file::Outcome read_gwr_file(std::string_view file_name, Quaternion* quaternion) {
     static Reader& reader =
         *fatal::allocate("structure file", [] { return new Reader; });  // lives as long as we do
-    safe_file::Outcome outcome{safe_file::Outcome::Failed::opening, {}};
+    safe_file::Outcome outcome{safe_file::Outcome::Failed::opening, "The name is too long"};
     if (file_name.size() <= longest_name)
         outcome = fatal::allocate("structure file", [&] { return reader.load(file_name); });
     // Between two states of a file the picture stays.
-    if (outcome.failed == safe_file::Outcome::Failed::changing) return;
+    if (outcome.failed == safe_file::Outcome::Failed::changing) return outcome;
     wcfgl_metrix::define_spacegroup("P 1");
-    if (!outcome) return;
+    if (!outcome) return outcome;
 
     wcfgl_metrix::init_box();
     wcfgl_atom_tree::empty_atom_list();
@@ -570,6 +570,7 @@ void read_gwr_file(std::string_view file_name, Quaternion* quaternion) {
     wcfgl_matom_tree::erase_magnetic_phase();
     if (quaternion != nullptr) *quaternion = wcfgl_quaternion::identity;
     reader.run(quaternion);
+    return outcome;
 }
 
 }  // namespace wcfgl_io

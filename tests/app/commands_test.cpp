@@ -175,6 +175,37 @@ TEST_F(Commands, OpenCancelledLeavesAll) {
     EXPECT_EQ(first_atom(), "Fe1");
 }
 
+// A Save afterwards writes the structure that is shown into its own file, with its group.
+TEST_F(Commands, WhatCannotBeReadIsToldAndLeavesAll) {
+    const std::string name = open(whole);
+    const auto expect_told = [&](const std::string& file, const char* reason) {
+        EXPECT_THAT(calls_of("wmessagebox"),
+                    ElementsAre(testing::AllOf(HasSubstr(file + "\n"), HasSubstr(reason))));
+        EXPECT_EQ(current_file_name.trimmed(), name);
+        EXPECT_EQ(first_atom(), "Fe1");
+        EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 6);
+        EXPECT_EQ(text({dialog::main, field::information}), name);
+    };
+    const std::string gone = folder_.name("gone.gwr");
+    const std::pair<std::string, const char*> unreadable[]{
+        {gone, "No such file or directory"}, {folder_.path().string(), "Not a regular file"}};
+    for (const auto& [file, reason] : unreadable) {
+        answer({.button = 1, .file = file});
+        choose("Open");
+        expect_told(file, reason);
+    }
+    std::filesystem::rename(name, gone);
+    choose("Reload file");
+    expect_told(name, "No such file or directory");
+
+    // Regular, and refused only when it is read.
+    answer({.button = 1, .file = "/proc/self/mem"});
+    choose("Open");
+    EXPECT_THAT(calls_of("wmessagebox"), ElementsAre(HasSubstr("Input/output error")));
+    EXPECT_EQ(current_file_name.trimmed(), name);
+    EXPECT_EQ(text({dialog::main, field::information}), name);
+}
+
 // Cut, it would be the name of another file.
 TEST_F(Commands, ANameThatCannotBeKeptWholeIsRefused) {
     const std::string name = open(whole), before = content_of(name);

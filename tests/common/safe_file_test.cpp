@@ -268,6 +268,7 @@ TEST(SafeFile, WhatAnotherProcessIsSavingIsLeftToIt) {
 std::string read(const std::string& name) {
     std::string text = "before";
     const safe_file::Outcome outcome = safe_file::read(name, text);
+    EXPECT_EQ(safe_file::can_be_read(name).reason, outcome.reason);
     return outcome ? text : "! " + outcome.reason;
 }
 
