@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 
 namespace gemwright {
 
@@ -11,7 +12,7 @@ template <class Real>
 int to_hundredths(Real part) {
     constexpr Real most = 1000000;
     const Real steps = part * Real(100);
-    return steps == steps ? static_cast<int>(std::clamp(steps, -most, most)) : 0;
+    return std::isnan(steps) ? 0 : static_cast<int>(std::clamp(steps, -most, most));
 }
 
 /// The part of one that so many steps stand for.

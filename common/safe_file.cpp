@@ -69,9 +69,8 @@ std::optional<std::string> link_target(std::string path) {
         const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
         if (length < 0) return path;
         target.resize(static_cast<std::size_t>(length));
-        const std::size_t slash = path.rfind('/');
-        const bool from_here = target.starts_with('/') || slash == std::string::npos;
-        path = from_here ? target : path.substr(0, slash + 1) + target;
+        path.resize(target.starts_with('/') ? 0 : path.rfind('/') + 1);  // 0 without a slash
+        path += target;
     }
     return std::nullopt;
 }

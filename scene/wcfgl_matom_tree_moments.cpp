@@ -19,8 +19,8 @@
 namespace wcfgl_matom_tree {
 namespace {
 
-constexpr long double two_pi = 6.2831855f;  ///< the 32-bit value
-constexpr float least_moment = 0.0001f;     ///< shorter ones have no arrow
+constexpr auto two_pi = static_cast<long double>(6.2831855f);  ///< the 32-bit value
+constexpr float least_moment = 0.0001f;                        ///< shorter ones have no arrow
 
 struct Phase {
     long double re = 1.0L;
@@ -35,7 +35,7 @@ Phase operator*(const Phase& a, const Phase& b) {
 }
 
 Phase operator*(const std::complex<float>& s, const Phase& e) {
-    return Phase{s.real(), s.imag()} * e;
+    return Phase{static_cast<long double>(s.real()), static_cast<long double>(s.imag())} * e;
 }
 
 /// The real part of s e, or half the sum with the partner at -k.
@@ -67,7 +67,7 @@ public:
         if (!k) return;
         known_ = true;
         k_is_minus_k_ = equivalent_to_minus(*k);
-        const Phase psi = turn_back(moment.phase);
+        const Phase psi = turn_back(static_cast<long double>(moment.phase));
         for (std::size_t axis = 0; axis < 3; ++axis) {
             first_[axis] = cells.first[axis];
             for (int t = cells.first[axis]; t <= cells.last[axis]; ++t)

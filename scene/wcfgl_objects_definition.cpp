@@ -43,6 +43,11 @@ constinit int most_slices = std::numeric_limits<int>::max();
 
 int limited(int slices) { return std::min(slices, most_slices); }
 
+std::array<int, 3> slices_built() {
+    return {limited(present_resolution.atom), limited(present_resolution.moment_slices),
+            limited(present_resolution.bond_slices)};
+}
+
 /// An arrow of length 1.
 struct ArrowShape {
     double tail_radius;
@@ -177,13 +182,9 @@ void switch_highres_objects() {
 }
 
 void limit_slices(int most) {
-    const Resolution& r = present_resolution;
-    const auto slices = [&] {
-        return std::array{limited(r.atom), limited(r.moment_slices), limited(r.bond_slices)};
-    };
-    const auto before = slices();
+    const auto before = slices_built();
     most_slices = std::max(most, fewest_slices);
-    if (slices() != before) build_anew();
+    if (slices_built() != before) build_anew();
 }
 
 void change_res_objects(int quality) {

@@ -43,7 +43,8 @@ Vector3f q_rot_vect(const Quaternion& q, const Vector3f& v) {
 AngleAxis rot_from_q(const Quaternion& q) {
     // By scalar and vector both: near the identity the scalar alone holds the angle to a few
     // hundredths of a degree only, and a product that has drifted from length 1 keeps its angle.
-    const std::array<double, 3> v{q[1], q[2], q[3]};
+    const auto wide = [&q](std::size_t i) { return static_cast<double>(q[i]); };
+    const std::array<double, 3> v{wide(1), wide(2), wide(3)};
     const double length = std::hypot(v[0], v[1], v[2]);
     const auto angle =
         static_cast<float>(2.0 * math_gen::atan2d(length, static_cast<double>(q[0])));

@@ -281,11 +281,10 @@ ReducedList get_so_from_fix(std::span<const Sym_Oper_Type> ops) {
     list.generator_count = std::max(list.count - 1, 0);
     Centring centring;
     for (const Sym_Oper_Type& op : ops) {
-        if (op.rot == identity_rotation && twelfths(op.tr) != Vector3i{}) centring.add(op.tr);
-        // One of several inversions that are a centring vector apart: the origin is preferred.
-        else if (op.rot == inversion_rotation && list.centred == 1)
-            note_inversion(op.tr, list);
-        else if (op.rot == inversion_rotation && twelfths(op.tr) == Vector3i{})
+        const bool no_translation = twelfths(op.tr) == Vector3i{};
+        if (op.rot == identity_rotation && !no_translation) centring.add(op.tr);
+        // Of several inversions that are a centring vector apart the origin is preferred.
+        if (op.rot == inversion_rotation && (list.centred == 1 || no_translation))
             note_inversion(op.tr, list);
     }
     if (set_lattice(centring, list)) {

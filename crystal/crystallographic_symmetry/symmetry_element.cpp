@@ -213,7 +213,8 @@ std::string symmetry_element(const Sym_Oper_Type& op) {
     if (kind == 0) return {};
     const Matrix3d rot = as_double(op.rot);
     const Matrix3d unit = as_double(identity_rotation);
-    const Vector3d tr{op.tr[0], op.tr[1], op.tr[2]};
+    Vector3d tr{};
+    for (std::size_t i = 0; i < 3; ++i) tr[i] = static_cast<double>(op.tr[i]);
     const auto less_unit = [&](const Matrix3d& m) {
         return Matrix3d{{m[0] - unit[0], m[1] - unit[1], m[2] - unit[2]}};
     };

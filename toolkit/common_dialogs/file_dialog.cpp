@@ -87,7 +87,7 @@ std::string text_in(Widget field) { return taken(XmTextFieldGetString(field)); }
 /// What is typed, or the name of the list that looks like it: a name that can't be shown as it is
 /// can't be typed either.
 std::string typed_name(const FileBox& box) {
-    const std::string typed = text_in(box.text);
+    std::string typed = text_in(box.text);
     if (typed.empty() || look_at(whole_name(typed, box.directory)).exists) return typed;
     for (const auto* names : {&box.list.files, &box.list.directories})
         for (const std::string& name : *names)
