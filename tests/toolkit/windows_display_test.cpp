@@ -6,6 +6,7 @@
 #include "toolkit/base/fonts.hpp"
 #include "toolkit/dialogs/records.hpp"
 #include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/drawable_copy.hpp"
 #include "toolkit/windows/drawables.hpp"
 #include "toolkit/windows/gl_text.hpp"
 #include "toolkit/windows/menu_hooks.hpp"
@@ -659,6 +660,11 @@ unsigned colour_at(const Bytes& rows, int width, int x, int y) {
     return static_cast<unsigned>(rows[at] << 16 | rows[at + 1] << 8 | rows[at + 2]);
 }
 
+/// Rows of the selected drawable.
+Bytes read_rows(int top, int rows) {
+    return DrawableCopy({0, top, winfodrawable(4), rows}).rows(0, rows);
+}
+
 /// Fills the selected drawable with X: left of `split` one colour, right of it another.
 void fill_with_x(int split, const char* left, const char* right) {
     Display* display = yydisplay.display;
@@ -689,17 +695,14 @@ TEST(DrawableRowsDisplay, WhatXHasDrawnIsReadFromTheTopOn) {
         const int width = winfodrawable(4);
         const int height = winfodrawable(5);
         fill_with_x(40, "#12ab34", "#fe0180");
-        const Bytes rows = yygrreadrows(0, height);
+        const Bytes rows = read_rows(0, height);
         ASSERT_EQ(rows.size(), static_cast<std::size_t>(width * height * 3));
         EXPECT_EQ(colour_at(rows, width, 39, 0), 0x12ab34U);
         EXPECT_EQ(colour_at(rows, width, 40, height - 1), 0xfe0180U);
-        EXPECT_EQ(yygrreadrows(height - 2, 10).size(), static_cast<std::size_t>(width * 2 * 3));
-        EXPECT_EQ(yygrreadrows(-3, 4).size(), static_cast<std::size_t>(width * 3));
-        EXPECT_TRUE(yygrreadrows(height, 1).empty());
-        EXPECT_TRUE(yygrreadrows(0, 0).empty());
+        EXPECT_EQ(DrawableCopy({39, 1, 2, 9}).rows(7, 1), (Bytes{0x12, 0xab, 0x34, 0xfe, 1, 0x80}));
     }
     wbitmapdestroy(1);
-    EXPECT_TRUE(yygrreadrows(0, 1).empty());
+    EXPECT_TRUE(read_rows(0, 1).empty());
 }
 
 TEST(DrawableRowsDisplay, APartlyHiddenWindowIsStillRead) {
@@ -709,7 +712,7 @@ TEST(DrawableRowsDisplay, APartlyHiddenWindowIsStillRead) {
     XMoveWindow(yydisplay.display, window_slot(0).shell, 1150, 300);
     drain();
     fill_with_x(40, "#12ab34", "#fe0180");
-    const Bytes rows = yygrreadrows(0, 200);
+    const Bytes rows = read_rows(0, 200);
     ASSERT_EQ(rows.size(), 300U * 200U * 3U);
     EXPECT_EQ(colour_at(rows, 300, 5, 199), 0x12ab34U);
 }
@@ -734,7 +737,7 @@ TEST(DrawableRowsDisplay, WhatOpenGLHasDrawnIsReadFromTheTopOn) {
         glRectf(-1.0f, -1.0f, 0.0f, 0.0f);
         // A bitmap has nothing to swap: the reading waits for what was drawn.
         if (type == 3) wglswapbuffers();
-        const Bytes rows = yygrreadrows(0, height);
+        const Bytes rows = read_rows(0, height);
         ASSERT_EQ(rows.size(), static_cast<std::size_t>(width * height * 3));
         EXPECT_EQ(colour_at(rows, width, 2, 2), red);
         EXPECT_EQ(colour_at(rows, width, 2, height - 3), blue);
@@ -745,7 +748,7 @@ TEST(DrawableRowsDisplay, WhatOpenGLHasDrawnIsReadFromTheTopOn) {
     // The window shows OpenGL again, and the bitmap is the X picture that it was.
     wglselect(3, picture_field, 2);
     igrselect(2, bitmap);
-    EXPECT_EQ(colour_at(yygrreadrows(0, 1), 601, 5, 0), white);
+    EXPECT_EQ(colour_at(read_rows(0, 1), 601, 5, 0), white);
     wdialogselect(main_dialog);
     igrselect(3, picture_field);
     wbitmapdestroy(bitmap);

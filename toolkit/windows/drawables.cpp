@@ -4,14 +4,9 @@
 #include "toolkit/base/errors.hpp"
 #include "toolkit/widgets/wind.hpp"
 #include "toolkit/windows/bitmap_slots.hpp"
-#include "toolkit/windows/gl_target.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
 #include <X11/StringDefs.h>
-#include <X11/Xutil.h>
-
-#include <algorithm>
-#include <bit>
 
 namespace tesserakit {
 
@@ -106,58 +101,6 @@ SelectedDrawable requested(int type, std::optional<int> number) {
     }
 }
 
-// Reading pixels
-
-/// A component of a pixel as 8 bits: the largest value of its mask is 255.
-std::uint8_t component(unsigned long pixel, unsigned long mask) {
-    if (mask == 0) return 0;
-    const int shift = std::countr_zero(mask);
-    return static_cast<std::uint8_t>(((pixel & mask) >> shift) * 255 / (mask >> shift));
-}
-
-using Row = std::vector<unsigned long>;
-
-void append_by_masks(const Row& row, const Visual& visual, std::vector<std::uint8_t>& bytes) {
-    for (const unsigned long pixel : row)
-        for (const unsigned long mask : {visual.red_mask, visual.green_mask, visual.blue_mask})
-            bytes.push_back(component(pixel, mask));
-}
-
-void append_by_colormap(const Row& row, Colormap colormap, std::vector<std::uint8_t>& bytes) {
-    std::vector<XColor> colours(row.size());
-    std::ranges::transform(row, colours.begin(), [](unsigned long pixel) {
-        XColor colour{};
-        colour.pixel = pixel;
-        return colour;
-    });
-    XQueryColors(yydisplay.display, colormap, colours.data(), static_cast<int>(colours.size()));
-    for (const XColor& colour : colours)
-        for (const unsigned short value : {colour.red, colour.green, colour.blue})
-            bytes.push_back(static_cast<std::uint8_t>(value >> 8U));
-}
-
-/// The rows as the server holds them, null when it can't give them. They are copied first: of a
-/// window that is partly outside the screen no image can be taken.
-XImage* image_of(Drawable from, int top, int rows) {
-    Display* display = yydisplay.display;
-    const auto width = static_cast<unsigned>(drawable.width);
-    const auto height = static_cast<unsigned>(rows);
-    ErrorTrap trap;
-    const Pixmap copy = XCreatePixmap(display, yydisplay.root, width, height,
-                                      static_cast<unsigned>(drawable.depth));
-    XGCValues values{};
-    values.subwindow_mode = IncludeInferiors;
-    values.graphics_exposures = False;
-    const GC gc = XCreateGC(display, copy, GCSubwindowMode | GCGraphicsExposures, &values);
-    XCopyArea(display, from, copy, gc, 0, top, width, height, 0, 0);
-    XImage* image = trap.error() == 0
-                        ? XGetImage(display, copy, 0, 0, width, height, AllPlanes, ZPixmap)
-                        : nullptr;
-    XFreeGC(display, gc);
-    XFreePixmap(display, copy);
-    return image;
-}
-
 }  // namespace
 
 void refresh_drawable() { take_extent(extent_of(drawable)); }
@@ -213,30 +156,6 @@ void yygrforgetbitmap(int handle) {
 
 void yygrforgetdialog(int identifier) {
     if (drawable.type == DrawableType::Field && drawable.dialog == identifier) yygrselectnone();
-}
-
-std::vector<std::uint8_t> yygrreadrows(int top, int rows) {
-    refresh_drawable();
-    const Drawable from = selected_x_drawable();
-    const int first = std::max(top, 0);
-    const int count = std::min(drawable.height - first, rows - (first - top));
-    if (from == 0 || !drawable.visual || drawable.width < 1 || count < 1) return {};
-    gl_finish();
-    XImage* image = image_of(from, first, count);
-    if (!image) return {};
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(static_cast<std::size_t>(drawable.width) * static_cast<std::size_t>(count) * 3);
-    Row row(static_cast<std::size_t>(drawable.width));
-    for (int y = 0; y < count; ++y) {
-        for (int x = 0; x < drawable.width; ++x)
-            row[static_cast<std::size_t>(x)] = XGetPixel(image, x, y);
-        if (drawable.visual->c_class == TrueColor)
-            append_by_masks(row, *drawable.visual, bytes);
-        else
-            append_by_colormap(row, drawable.colormap, bytes);
-    }
-    XDestroyImage(image);
-    return bytes;
 }
 
 void igrselect(int type, std::optional<int> number) {

@@ -6,9 +6,6 @@
 
 #include <X11/Intrinsic.h>
 
-#include <cstdint>
-#include <vector>
-
 namespace tesserakit {
 
 enum class DrawableType { Nothing = 0, Window = 1, Bitmap = 2, Field = 3, Metafile = 4 };
@@ -52,11 +49,5 @@ void yygrselectnone();
 /// A bitmap or a dialog goes away: if it, or a field of it, is the selected drawable, nothing is.
 void yygrforgetbitmap(int handle);
 void yygrforgetdialog(int identifier);
-
-/// `rows` rows of the selected drawable from row `top` on (0 is the uppermost): red, green
-/// and blue of each pixel, 8 bits each, left to right, with nothing between the rows. Rows outside
-/// the drawable are left out; empty without a drawable, or when the server can't give it. Of a
-/// window or a field it is what the screen shows: parts under other windows are undefined.
-std::vector<std::uint8_t> yygrreadrows(int top, int rows);
 
 }  // namespace tesserakit
