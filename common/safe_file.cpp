@@ -55,7 +55,7 @@ Descriptor open_file(const std::string& name, int flags, mode_t mode = 0) {
     return Descriptor(::open(name.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode));
 }
 
-Outcome failure(Failed failed, int error) { return {failed, std::strerror(error)}; }
+Outcome failure(Failed failed, int error) { return {failed, std::strerror(error), error}; }
 Outcome failure(Failed failed) { return failure(failed, errno); }
 
 // ---- names --------------------------------------------------------------------------------------

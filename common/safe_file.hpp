@@ -16,11 +16,13 @@
 namespace safe_file {
 
 /// How it went. `reason` is one sentence for the user, without the name of the file, as the system
-/// words it ("No space left on device"); empty when all is well.
+/// words it ("No space left on device"); empty when all is well. `error` is its errno, 0 where the
+/// reason isn't the system's.
 struct Outcome {
     enum class Failed { nothing, opening, reading, changing, writing };
     Failed failed = Failed::nothing;
     std::string reason;
+    int error = 0;
 
     explicit operator bool() const { return failed == Failed::nothing; }
 };
