@@ -44,6 +44,7 @@ enum GlStatus : int {
     NotCurrent = 4,
     NoPixmap = 10,
     NoGlPixmap = 11,
+    PixmapTooLarge = 12,
     NoWindow = 21
 };
 
@@ -352,6 +353,15 @@ bool make_current(const Selection& selection) {
     return false;
 }
 
+/// The renderer would leave blank what it can't reach of a larger bitmap. To be asked with the
+/// context current.
+bool within_reach(const Selection& selection) {
+    const BitmapSlot& bitmap = *bitmap_of(selection.number);
+    std::array<GLint, 2> largest{};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largest.data());
+    return bitmap.width <= largest[0] && bitmap.height <= largest[1];
+}
+
 void undo(Selection& selection) {
     const ErrorTrap trap;
     if (selection.context) glXDestroyContext(yydisplay.display, selection.context);
@@ -488,7 +498,10 @@ int build(Selection& selection) {
     make_colormap(selection);
     if (const int status = make_context(selection); status != Good) return status;
     if (const int status = prepare_drawable(selection); status != Good) return status;
-    return make_current(selection) ? Good : NotCurrent;
+    if (!make_current(selection)) return NotCurrent;
+    if (selection.target != GlTarget::Bitmap || within_reach(selection)) return Good;
+    glXMakeCurrent(yydisplay.display, None, nullptr);
+    return PixmapTooLarge;
 }
 
 int yyglselect(Selection& selection) {
