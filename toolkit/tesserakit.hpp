@@ -110,6 +110,14 @@ int winfodrawable(int item);
 int wbitmapcreate(int width, int height);
 void wbitmapdestroy(int handle);
 
+/// Saves what the selected drawable shows in a file: BMP or PNG if its name ends with .bmp or .png,
+/// in any case, else PCX. An old file of the name stays until the new one is whole. A blank name
+/// sends a copy to the clipboard, as format PIXMAP. Errors: 1 the file can't be created, 2 or
+/// written (their detail is errno, 0 where the system gave none), 1044 not compressed, 1063 a
+/// metafile, 1072 the server gives no picture, 1091 no clipboard. With an error `reason` gets a
+/// sentence for the user.
+void igrsaveimage(std::string_view filename, std::string* reason = nullptr);
+
 // Messages
 
 /// The next message; waits for it.

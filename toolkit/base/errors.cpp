@@ -19,6 +19,8 @@ struct ErrorText {
 
 // Ascending by code.
 constexpr std::array error_texts{
+    ErrorText{FileNotCreated, "Unable to create file"},
+    ErrorText{FileNotWritten, "Unable to write file"},
     ErrorText{InvalidMenuItem, "Invalid menu item"},
     ErrorText{MenuNotLoaded, "Unable to load menu from resource"},
     ErrorText{InvalidWindow, "Invalid window handle"},

@@ -11,6 +11,8 @@ namespace tesserakit {
 
 enum ErrorCode : int {
     NoError = 0,
+    FileNotCreated = 1,
+    FileNotWritten = 2,
     InvalidMenuItem = 1001,
     MenuNotLoaded = 1002,
     InvalidWindow = 1003,
