@@ -41,11 +41,6 @@ double processor_seconds() {
     return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
 }
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 /// Seconds of one call, over as many calls as fill a tenth of a second.
 template <class Function>
 double seconds_of(Function function) {
@@ -142,20 +137,6 @@ std::string structure_file(const Structure& structure, int rules) {
     return text;
 }
 
-std::string cif_file(const Structure& structure) {
-    std::string text = "data_x\n_symmetry_space_group_name_H-M '";
-    text += structure.group;
-    append(text, "'\n_cell_length_a ", structure.edges[0], 5);
-    append(text, "\n_cell_length_b ", structure.edges[1], 5);
-    append(text, "\n_cell_length_c ", structure.edges[2], 5);
-    append(text, "\n_cell_angle_alpha 90\n_cell_angle_beta ", structure.angle, 3);
-    text +=
-        "\n_cell_angle_gamma 90\nloop_\n_atom_site_label\n_atom_site_type_symbol\n"
-        "_atom_site_fract_x\n_atom_site_fract_y\n_atom_site_fract_z\n";
-    append_atoms(text, "X ", structure);
-    return text;
-}
-
 void read(const std::string& file) { wcfgl_io::read_gwr_file(wcfgl_io::FileName(file)); }
 
 // ---- bonds --------------------------------------------------------------------------------------
@@ -216,6 +197,25 @@ void bench_distance_tests(const TempDirectory& folder) {
 }
 
 #ifdef GEMWRIGHT_BENCH_GEMMI
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+std::string cif_file(const Structure& structure) {
+    std::string text = "data_x\n_symmetry_space_group_name_H-M '";
+    text += structure.group;
+    append(text, "'\n_cell_length_a ", structure.edges[0], 5);
+    append(text, "\n_cell_length_b ", structure.edges[1], 5);
+    append(text, "\n_cell_length_c ", structure.edges[2], 5);
+    append(text, "\n_cell_angle_alpha 90\n_cell_angle_beta ", structure.angle, 3);
+    text +=
+        "\n_cell_angle_gamma 90\nloop_\n_atom_site_label\n_atom_site_type_symbol\n"
+        "_atom_site_fract_x\n_atom_site_fract_y\n_atom_site_fract_z\n";
+    append_atoms(text, "X ", structure);
+    return text;
+}
 
 /// From the file to the two ends of each silicon-oxygen bond of one cell.
 std::size_t bonds_by_gemmi(const std::string& file) {
