@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 
 namespace crystallographic_symmetry {
 namespace {
@@ -161,8 +162,8 @@ private:
     int previous_order_ = 0;
 };
 
-/// The three entries between parentheses, twelfths.
-Vector3i read_shift(std::string_view text) {
+/// The three entries between parentheses, twelfths; absent when there are fewer.
+std::optional<Vector3i> read_shift(std::string_view text) {
     Vector3i shift{};
     std::size_t entry = 0;
     int sign = 1;
@@ -176,6 +177,7 @@ Vector3i read_shift(std::string_view text) {
         shift[entry++] = c >= '1' && c <= '5' ? sign * (c - '0') : 0;
         sign = 1;
     }
+    if (entry < 3) return std::nullopt;
     return shift;
 }
 
@@ -193,12 +195,16 @@ struct Symbol {
     Vector3i shift{};
 };
 
-/// What stands behind the lattice letter; absent when a generator can't be read.
+/// What stands behind the lattice letter; absent when a generator or the shift can't be read.
 std::optional<Symbol> read_generators(std::string_view text) {
     Symbol symbol;
     const std::size_t open = std::min(text.find('('), text.size());
     const std::size_t close = std::min(text.find(')', open), text.size());
-    if (open < text.size()) symbol.shift = read_shift(text.substr(open + 1, close - open - 1));
+    if (open < text.size()) {
+        const auto shift = read_shift(text.substr(open + 1, close - open - 1));
+        if (!shift) return std::nullopt;
+        symbol.shift = *shift;
+    }
     // The shift stands last by custom, and yet a generator may follow it.
     GeneratorReader reader;
     for (std::string_view rest :
@@ -213,20 +219,29 @@ std::optional<Symbol> read_generators(std::string_view text) {
     return symbol;
 }
 
-/// Looks for an inversion off the origin, "-1n", notes it in `list` and returns the symbol without
-/// it.
-std::string_view take_inversion(std::string_view symbol, ReducedList& list) {
-    const std::string_view searched = symbol.substr(0, symbol.find('('));
-    const std::size_t found = searched.find("-1");
-    if (found == std::string_view::npos) return symbol;
+/// Takes the inversion off the symbol: its translation in twelfths, absent when it has none. It
+/// stands in front, or as "-1n" behind the generators; what follows it up to a shift is lost.
+std::optional<Vector3i> take_inversion(std::string& symbol) {
+    if (symbol.starts_with('-')) {
+        symbol.erase(0, 1);
+        return Vector3i{};
+    }
+    const std::size_t end = std::min(symbol.find('('), symbol.size());
+    const std::size_t found = symbol.find("-1");
+    if (found >= end) return std::nullopt;
     Vector3i sum{};
-    for (const char c : searched.substr(found + 2))
+    for (const char c : std::string_view(symbol).substr(found + 2, end - found - 2))
         if (const auto letter = letter_translation(c)) sum = sum + *letter;
-    sum = folded_twelfths(sum);
-    list.centred = sum == Vector3i{} ? 2 : 0;
-    list.centre_coord = 0.5f * cell_fractions(sum);
     // One blank before it goes too; the lattice letter stays in any case.
-    return symbol.substr(0, found > 1 ? found - 1 : 1);
+    const std::size_t begin = found > 1 ? found - 1 : 1;
+    symbol.erase(begin, end - begin);
+    return sum;
+}
+
+void place_inversion(const Vector3i& translation, ReducedList& list) {
+    const Vector3i tr = folded_twelfths(translation);
+    list.centred = tr == Vector3i{} ? 2 : 0;
+    list.centre_coord = 0.5f * cell_fractions(tr);
 }
 
 bool close_group(const Symbol& symbol, ReducedList& list) {
@@ -247,15 +262,8 @@ ReducedList get_so_from_hall(std::string_view hall) {
     init_err_symm();
     ReducedList list;
     list.generator_count = 1;
-    FixedText<16> field = hall;
-    string_utilities::ucase(field);
-    std::string_view symbol = without_blanks_around(field.field());
-    if (symbol.starts_with('-')) {
-        list.centred = 2;
-        symbol.remove_prefix(1);
-    } else {
-        symbol = take_inversion(symbol, list);
-    }
+    std::string symbol = string_utilities::u_case(without_blanks_around(hall));
+    const std::optional<Vector3i> inversion = take_inversion(symbol);
     // Z is no letter of Hall's.
     const std::size_t lattice =
         symbol.empty() ? std::string_view::npos : lattice_letters.substr(0, 7).find(symbol[0]);
@@ -264,17 +272,19 @@ ReducedList get_so_from_hall(std::string_view hall) {
         return list;
     }
     list.lattice_index = static_cast<int>(lattice) + 1;
-    const std::optional<Symbol> parsed = read_generators(symbol.substr(1));
+    const std::optional<Symbol> parsed = read_generators(std::string_view(symbol).substr(1));
     if (!parsed) {
         set_err_symm("");
         return list;
     }
+    // A shift moves the inversion as it moves the generators: by V (-1) V^-1.
+    if (inversion) place_inversion(*inversion + 2 * parsed->shift, list);
     if (!close_group(*parsed, list)) return list;
     const CrystalSystem system =
         get_crystal_system_r_op(std::span(list.ops).first(static_cast<std::size_t>(list.count)));
     list.crystal_system = system.index;
     if (err_symm) return list;
-    latsym(symbol.substr(0, 1));
+    latsym(std::string_view(symbol).substr(0, 1));
     list.lat_symbol[0] = system.letter;
     list.lat_symbol[1] = symbol[0];
     lat_symbol = list.lat_symbol;

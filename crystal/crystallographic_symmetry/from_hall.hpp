@@ -9,10 +9,11 @@
 
 namespace crystallographic_symmetry {
 
-/// Reads the first 16 characters, in any case: "-P 2ybc", "P 2 2 -1n", "P 61 2 (0 0 -1)". A
-/// leading "-" is an inversion at the origin; a "-1" behind the generators is one at half the
-/// translation told by its letters. Up to four generators count. An origin shift stands in
-/// parentheses, three entries of -5 to 5 twelfths; any other character there is 0.
+/// Reads the whole text, in any case: "-P 2ybc", "P 2 2 -1n", "-I 4bd 2c 3 (1 -1 2)". A leading "-"
+/// is an inversion at the origin; a "-1" behind the generators is one at half the translation told
+/// by its letters. Up to four generators count. An origin shift stands in parentheses and moves the
+/// inversion, too: three entries of -5 to 5 twelfths; any other character there is 0, and fewer
+/// entries are an error.
 ///
 /// Sets the module's centring. On failure err_symm is set, the list has no operators, and the
 /// centring stays as it was: an unknown lattice letter has a message, a generator that can't be

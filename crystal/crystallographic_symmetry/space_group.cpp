@@ -91,10 +91,12 @@ int find_hm_row(std::string_view key) {
     return index.find(key.substr(0, 12));
 }
 
-int find_hall_row(std::string_view key) {
+/// What is longer than the column is no row, whatever its first characters are: an origin shift may
+/// stand behind them.
+int find_hall_row(std::string_view symbol) {
     static const SymbolIndex index(symmetry_tables::spgr_rows(),
                                    [](const SpgrRow& row) { return row.hall.field(); });
-    return index.find(key.substr(0, 16));
+    return symbol.size() <= 16 ? index.find(string_utilities::u_case(FixedText<16>(symbol))) : -1;
 }
 
 int find_number_row(int number) {
@@ -120,8 +122,9 @@ const WyckoffRow* find_wyckoff_row(std::string_view symbol) {
 /// How the group is to be built, and from what.
 struct Choice {
     FixedText<3> mode;
-    FixedText<20> key;
-    int row = -1;  ///< of the settings, from 1; -1 when none is known
+    std::string_view symbol;  ///< as it was given, without blanks around
+    FixedText<20> key;        ///< its first characters, upper case
+    int row = -1;             ///< of the settings, from 1; -1 when none is known
 
     const SpgrRow* setting() const {
         if (row < 1) return nullptr;
@@ -135,11 +138,6 @@ FixedText<N> raised_field(std::string_view text) {
     FixedText<N> field = without_leading_blanks(text);
     string_utilities::ucase(field);
     return field;
-}
-
-void take_hall_road(Choice& choice) {
-    choice.mode = "HAL";
-    choice.key = choice.setting()->hall.field();
 }
 
 bool tells_no_operators(int row) {
@@ -163,16 +161,17 @@ bool choose_freely(const SpacegroupOptions& options, Choice& choice) {
             set_err_symm(" Number of Space Group out of limits");
             return false;
         }
-        take_hall_road(choice);
+        choice.mode = "HAL";
         return true;
     }
-    choice.row = find_hm_row(choice.key.field());
+    // A symbol of twelve characters may be the head of a Hall symbol with an origin shift.
+    const bool shifted = choice.symbol.find('(') != std::string_view::npos;
+    choice.row = shifted ? -1 : find_hm_row(choice.key.field());
     if (choice.row > 0) {
-        choice.mode = "HMS";
-        if (options.force_hall || tells_no_operators(choice.row)) take_hall_road(choice);
+        choice.mode = options.force_hall || tells_no_operators(choice.row) ? "HAL" : "HMS";
         return true;
     }
-    choice.row = find_hall_row(choice.key.field());
+    choice.row = find_hall_row(choice.symbol);
     const bool generators = choice.row < 0 && options.gen;
     choice.mode = generators ? "GEN" : "HAL";
     return true;
@@ -183,9 +182,10 @@ void choose_by_mode(std::string_view mode, Choice& choice) {
     const std::string_view key = choice.key.field();
     if (choice.mode == FixedText<3>("HMS")) {
         choice.row = find_hm_row(key);
-        if (tells_no_operators(choice.row)) return take_hall_road(choice);
+        if (tells_no_operators(choice.row)) choice.mode = "HAL";
+        return;
     }
-    if (choice.mode == FixedText<3>("HAL")) choice.row = find_hall_row(key);
+    if (choice.mode == FixedText<3>("HAL")) choice.row = find_hall_row(choice.symbol);
     if (choice.mode == FixedText<3>("ITC")) {
         int number = 0;
         list_read::Record record(key);
@@ -377,10 +377,11 @@ void build_from_gen(const SpacegroupOptions& options, Space_Group_Type& group) {
 }
 
 void build_from_hall(const Choice& choice, Space_Group_Type& group) {
-    const ReducedList list = get_so_from_hall(choice.key.field());
-    if (const SpgrRow* row = choice.setting())
+    const SpgrRow* row = choice.setting();
+    const ReducedList list = get_so_from_hall(row ? row->hall.field() : choice.symbol);
+    if (row)
         take_row(*row, group);
-    else
+    else if (choice.symbol.size() <= 16)
         group.hall = choice.key.field();
     group.setting = from_hall_text;
     if (err_symm) return;
@@ -487,6 +488,7 @@ void set_spacegroup(std::string_view spacegen, Space_Group_Type& group,
     symmetry_tables::set_spgr_info();
     symmetry_tables::set_wyckoff_info();
     Choice choice;
+    choice.symbol = without_blanks_around(spacegen);
     choice.key = raised_field<20>(spacegen);
     if (options.mode)
         choose_by_mode(*options.mode, choice);

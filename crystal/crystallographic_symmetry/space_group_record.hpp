@@ -38,7 +38,7 @@ struct Space_Group_Type {
     int num_spg = 0;                        ///< 1 to 230; 0 when unknown
     FixedText<20> spg_symb = "unknown";     ///< Hermann-Mauguin symbol as tabulated, upper case,
                                             ///< or the text given
-    FixedText<16> hall = "unknown";         ///< Hall symbol
+    FixedText<16> hall = "unknown";         ///< Hall symbol; "unknown" for one that is too long
     FixedText<12> crystal_sys = "unknown";  ///< "Monoclinic"; trigonal ones are "Rhombohedral"
     FixedText<5> laue = "?";
     FixedText<5> pg = "?";

@@ -91,8 +91,10 @@ TEST(Hall, OriginShiftMovesTheGenerators) {
     // What follows the shift counts, and is moved too.
     EXPECT_EQ(sorted_texts("P 2 (0 0 3) 2"),
               (Texts{"-x,-y,z", "-x,y,-z+1/2", "x,-y,-z+1/2", "x,y,z"}));
-    get_so_from_hall("P 2 (0 0 1) 5");
-    EXPECT_TRUE(err_symm);
+    for (const char* wrong : {"P 2 (0 0 1) 5", "P 2 (0 0", "P 2(1)", "P 2 ()"}) {
+        get_so_from_hall(wrong);
+        EXPECT_TRUE(err_symm) << wrong;
+    }
 }
 
 TEST(Hall, LatticeReachesListAndModule) {

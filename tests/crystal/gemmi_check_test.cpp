@@ -75,6 +75,26 @@ TEST(AgainstGemmi, TheSymbolAndTheHallSymbolOfEachRowBuildItsOperators) {
     }
 }
 
+/// Symbols of up to 24 characters; the inversion moves with the rest.
+TEST(AgainstGemmi, AnOriginShiftBehindAnyHallSymbolMovesTheWholeGroup) {
+    const auto group = std::make_unique<Space_Group_Type>();
+    std::mt19937 random(7);
+    const auto entry = [&random] {
+        return std::to_string(std::uniform_int_distribution(-5, 5)(random));
+    };
+    for (const SpgrRow& row : spgr_rows()) {
+        std::string symbol(row.hall.trimmed());
+        if (symbol.find('(') != std::string::npos) continue;
+        symbol += " (" + entry() + ' ' + entry() + ' ' + entry() + ')';
+        SCOPED_TRACE(symbol);
+        crystallographic_symmetry::set_spacegroup(symbol, *group);
+        ASSERT_FALSE(crystallographic_symmetry::err_symm);
+        EXPECT_TRUE(operators_of_group(*group) ==
+                    gemmi::symops_from_hall(symbol.c_str()).all_ops_sorted());
+        EXPECT_EQ(group->hall.trimmed() == "unknown", symbol.size() > 16);
+    }
+}
+
 TEST(AgainstGemmi, EachRowStandsUnderThePublishedNumber) {
     for (const SpgrRow& row : spgr_rows()) {
         SCOPED_TRACE(row.hm.trimmed());

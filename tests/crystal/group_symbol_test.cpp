@@ -143,10 +143,13 @@ TEST(Shown, ReadsBackAsTheGroup) {
     }
     EXPECT_EQ(shown(built("P 2 2 (0 0 1)")), "P 2 2 (0 0 1)");
     EXPECT_EQ(shown(built("p n m a")), "P N M A");
-    // Sixteen characters of it are kept, and these would be read as P 42.
-    const Space_Group_Type cut = built("P4 2            q");
-    EXPECT_EQ(cut.multip, 8);
-    EXPECT_EQ(shown(cut), "");
+    // Longer than the record's text; the first sixteen characters are another group's.
+    const Space_Group_Type moved = built("-P 2ybc          (3 0 0)");
+    EXPECT_EQ(moved.sym_op_text[2].trimmed(), "-x+1/2,-y,-z");
+    EXPECT_EQ(shown(moved), "");
+    EXPECT_TRUE(spgr_equal(generated(generators(moved)), moved));
+    built("P4 2            q");
+    EXPECT_TRUE(err_symm) << "what stands behind them counts";
     EXPECT_EQ(shown(generated({"-x,-y,z"})), "");
     EXPECT_EQ(shown({}), "");
 }
