@@ -308,19 +308,21 @@ TEST_F(MenusDisplay, KeysGoOnWhereThePointerLeftOff) {
     reach([] { return !pwActiveMenu; });
 }
 
-TEST_F(MenusDisplay, ADialogShownOverAMenuClosesIt) {
+TEST_F(MenusDisplay, ADialogShownOverAMenuClosesItAtOnce) {
     constexpr int dialog = 9;
-    constexpr int modeless = 2;
     wdialogload(dialog);
     ASSERT_EQ(infoerror(1), 0);
-    open(file);
-    wdialogshow(600, 600, 0, modeless);
-    window_titled("Over");
-    reach([] { return !pwActiveMenu; });
-    EXPECT_FALSE(pulled_down(file));
-    EXPECT_TRUE(pointer_is_free());
-    wdialoghide();
-    expect_closed_and_working();
+    for (const int mode : {DialogModeless, DialogSemiModal}) {
+        open(file);
+        wdialogshow(600, 600, 0, mode);
+        EXPECT_FALSE(pwActiveMenu) << mode;
+        EXPECT_FALSE(pulled_down(file));
+        EXPECT_TRUE(pointer_is_free());
+        window_titled("Over");
+        drain();
+        wdialoghide();
+        expect_closed_and_working();
+    }
 }
 
 TEST_F(MenusDisplay, MnemonicsOpenAndSelect) {

@@ -10,6 +10,7 @@
 #include "toolkit/messages/modal_loop.hpp"
 #include "toolkit/messages/snapshots.hpp"
 #include "toolkit/widgets/placement.hpp"
+#include "toolkit/windows/menu_hooks.hpp"
 #include "toolkit/windows/window_layout.hpp"
 #include "toolkit/windows/window_slots.hpp"
 #include "toolkit/windows/windows.hpp"
@@ -89,6 +90,8 @@ Widget open_dialogs_from(Widget shell) { return std::exchange(state.opener, shel
 
 /// yydialogshow2
 void map_dialog(DialogRecord& dialog, int x, int y, int field, int mode) {
+    // It would stand in front, and keep the pointer and the keys from the dialog.
+    if (menu_hooks.active()) menu_hooks.deactivate();
     if (dialog.shown()) {
         const Widget top = dialog.shell ? dialog.shell : dialog.widget;
         // Mapping brings a minimised one back.
