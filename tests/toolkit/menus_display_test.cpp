@@ -9,6 +9,7 @@
 #include "toolkit/menus/interaction.hpp"
 #include "toolkit/menus/menus.hpp"
 #include "toolkit/menus/toolbars.hpp"
+#include "toolkit/menus/tooltips.hpp"
 #include "toolkit/windows/window_placing.hpp"
 
 #include <X11/Xlib.h>
@@ -636,7 +637,7 @@ TEST_F(MenusDisplay, AnItemLooksAsItIs) {
 }
 
 TEST_F(MenusDisplay, ATooltipComesAfterARestAndGoesWithTheLeave) {
-    const Point button{window.x + 14, window.y + yymnheight(0) + 14};
+    Point button{window.x + 14, window.y + yymnheight(0) + 14};
     const auto show = [&] {
         move_to(client());
         drain();
@@ -662,6 +663,12 @@ TEST_F(MenusDisplay, ATooltipComesAfterARestAndGoesWithTheLeave) {
     key("a");
     wait_for(KeyDown);
     EXPECT_FALSE(bDisplayedTooltip) << "something has happened";
+    button.x += 28;  // greyed
+    show();
+    press();
+    poll_until([] { return !bDisplayedTooltip; });
+    release();
+    drain();
     EXPECT_EQ(tooltip_of(24, 0), "Shows the grid");
     yytooltip(24, "");
     EXPECT_EQ(tooltip_of(24, 0), "");

@@ -100,7 +100,8 @@ void install() {
         return key == XK_n && (modifiers & ControlMask) != 0 ? accelerated : 0;
     };
     menu_hooks.crossing = [](const XCrossingEvent& event) {
-        if (event.mode != NotifyNormal) return;  // the grab's own
+        // Of the item, and not the grab's own.
+        if (event.mode != NotifyNormal || event.window != state.popup) return;
         ++(event.type == EnterNotify ? state.entered : state.left);
     };
     menu_hooks.end_tooltip = [] { ++state.tooltips_ended; };

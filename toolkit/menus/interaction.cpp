@@ -449,6 +449,7 @@ void yymnnavigatedir(MenuDirection direction, int depth) {
 }
 
 MenuAnswer yymninterpretbutton(const XButtonEvent& event, int) {
+    yymnDestroyCurrentTooltip();
     state.pointer = {event.x_root, event.y_root};
     const MenuSpot spot = yymnmatchmenu(event.window);
     return event.type == ButtonPress ? press(event, spot) : release(event, spot);

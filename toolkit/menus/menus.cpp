@@ -125,7 +125,11 @@ void install_menus() {
         .interpret_key = yymninterpretkey,
         .interpret_accelerator = yyacinterpretkey,
         .interpret_button = yymninterpretbutton,
-        .crossing = yymninterpretcrossing,
+        .crossing =
+            [](const XCrossingEvent& event) {
+                yymnChangeFocusEH(event);
+                yymninterpretcrossing(event);
+            },
         .end_tooltip = yymnHideTooltip,
         .toolbar_thickness_of = yymntbarthickness,
         .toolbar_create = yymntbar,

@@ -6,6 +6,7 @@
 #include "toolkit/base/mailbox.hpp"
 #include "toolkit/base/motif_text.hpp"
 #include "toolkit/menus/menu_windows.hpp"
+#include "toolkit/menus/tooltips.hpp"
 #include "toolkit/resource/yyrc.hpp"
 
 #include <X11/IntrinsicP.h>
@@ -77,7 +78,7 @@ void yymnButtonPressedCB(Widget, XtPointer client, XtPointer) {
     if (button.checkable && !bInvalidField) button.on = !button.on;
     put_state(button);
     yyDGSendTesserakitMessage(
-        nullptr, {.type = MenuSelect, .value1 = button.identifier, .win = button.owner.window});
+        nullptr, {.type = MenuSelect, .value1 = button.identifier, .win = button.window});
 }
 
 std::unique_ptr<Toolbar> create_strip(int side, int identifier, int thickness, int window) {
@@ -120,14 +121,13 @@ void add_button(Toolbar& bar, const DynamicToolbarRow& row, const Box& box, int 
     ToolbarButton& button = *bar.buttons.back();
     button.identifier = row.identifier;
     button.checkable = row.checkable;
-    button.owner = {row.identifier, window};
+    button.window = window;
     const bool has_picture = number < bar.strip.buttons.size();
     button.widget =
         create_button(bar, box, has_picture ? bar.strip.buttons[number] : ButtonPictures{});
     XtAddCallback(button.widget, XmNvalueChangedCallback, yymnButtonPressedCB, &button);
     XtSetSensitive(button.widget, row.greyed ? False : True);
     yytooltip(row.identifier, row.tooltip, window);
-    attach_tooltip(button.widget, button.owner);
     XtManageChild(button.widget);
 }
 
@@ -152,6 +152,16 @@ bool change_buttons(int identifier, int window, const Change& change) {
         }
     }
     return found;
+}
+
+const ToolbarButton* button_of(Window window) {
+    for (const Toolbars& bars : state.toolbars)
+        for (const auto& bar : bars) {
+            if (!bar) continue;
+            for (const auto& button : bar->buttons)
+                if (XtWindowOfObject(button->widget) == window) return button.get();
+        }
+    return nullptr;
 }
 
 /// Check marks and greying of an item of the window's menu hold for its button too.
@@ -262,11 +272,18 @@ bool check_button(int identifier, bool on, int window) {
 }
 
 bool grey_button(int identifier, bool greyed, int window) {
-    // A greyed button is told of nothing: it would keep its tooltip for good.
-    yymnDestroyCurrentTooltip();
     return change_buttons(identifier, window, [greyed](const ToolbarButton& button) {
         XtSetSensitive(button.widget, greyed ? False : True);
     });
+}
+
+// Xt tells a greyed widget nothing, and what a greyed button would do is worth knowing, too.
+void yymnChangeFocusEH(const XCrossingEvent& event) {
+    const ToolbarButton* button = button_of(event.window);
+    if (!button) return;
+    yymnDestroyCurrentTooltip();
+    if (event.type == EnterNotify && event.mode == NotifyNormal)
+        start_tooltip(button->identifier, button->window);
 }
 
 bool has_button(int identifier, int window) {

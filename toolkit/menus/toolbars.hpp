@@ -2,7 +2,6 @@
 #pragma once
 
 #include "toolkit/menus/button_pictures.hpp"
-#include "toolkit/menus/tooltips.hpp"
 #include "toolkit/windows/window_layout.hpp"
 
 #include <X11/Intrinsic.h>
@@ -19,7 +18,7 @@ struct ToolbarButton {
     Widget widget = nullptr;
     bool checkable = false;  ///< stays pressed until the program says otherwise
     bool on = false;
-    TooltipOwner owner;
+    int window = 0;  ///< slot of the toolbar's owner
 };
 
 struct Toolbar {
@@ -57,6 +56,9 @@ void yymnloaddynamictoolbar(int side, int strip, int width, int height,
 bool check_button(int identifier, bool on, int window);
 bool grey_button(int identifier, bool greyed, int window);
 bool has_button(int identifier, int window);
+
+/// The pointer enters or leaves a window, a button's perhaps, whose tooltip comes or goes.
+void yymnChangeFocusEH(const XCrossingEvent& event);
 
 /// Where the buttons of a toolbar stand in it; gaps have no box. No X here.
 std::vector<Box> place_buttons(int side, std::span<const int> identifiers, int width, int height);

@@ -24,7 +24,8 @@ constexpr int margin = 3;
 struct State {
     std::array<std::map<int, std::string>, window_slots> texts;  // pTooltip, by window
     XtIntervalId timer = 0;
-    TooltipOwner next;       // of the timer
+    int next = 0;  // identifier, of the timer
+    int next_window = 0;
     Widget shell = nullptr;  // made with the first tooltip and kept
     Widget label = nullptr;
 };
@@ -60,7 +61,7 @@ Place place_below_pointer() {
 
 void yymnTooltipCB(XtPointer, XtIntervalId*) {
     state.timer = 0;
-    const std::string text = tooltip_of(state.next.identifier, state.next.window);
+    const std::string text = tooltip_of(state.next, state.next_window);
     if (text.empty()) return;
     make_shell();
     const CompoundText label(text);
@@ -69,14 +70,6 @@ void yymnTooltipCB(XtPointer, XtIntervalId*) {
     XtVaSetValues(state.shell, XmNx, place.x, XmNy, place.y, nullptr);
     XtPopup(state.shell, XtGrabNone);
     bDisplayedTooltip = true;
-}
-
-/// The pointer enters or leaves a widget with a tooltip, or a button is pressed on it.
-void yymnChangeFocusEH(Widget, XtPointer client, XEvent* event, Boolean*) {
-    yymnDestroyCurrentTooltip();
-    if (event->type != EnterNotify || event->xcrossing.mode != NotifyNormal) return;
-    state.next = *static_cast<const TooltipOwner*>(client);
-    state.timer = XtAppAddTimeOut(yydisplay.app, tooltip_rest_ms, yymnTooltipCB, nullptr);
 }
 
 }  // namespace
@@ -102,9 +95,11 @@ void forget_tooltips(int window) {
     state.texts[static_cast<std::size_t>(window)].clear();
 }
 
-void attach_tooltip(Widget widget, const TooltipOwner& owner) {
-    XtAddEventHandler(widget, EnterWindowMask | LeaveWindowMask | ButtonPressMask, False,
-                      yymnChangeFocusEH, const_cast<TooltipOwner*>(&owner));
+void start_tooltip(int identifier, int window) {
+    yymnDestroyCurrentTooltip();
+    state.next = identifier;
+    state.next_window = window;
+    state.timer = XtAppAddTimeOut(yydisplay.app, tooltip_rest_ms, yymnTooltipCB, nullptr);
 }
 
 void yymnDestroyCurrentTooltip() {

@@ -19,13 +19,9 @@ std::string tooltip_of(int identifier, int window);
 /// Forgets the tooltips of a window that closes.
 void forget_tooltips(int window);
 
-/// Whose tooltip a widget has; lives as long as the widget.
-struct TooltipOwner {
-    int identifier = 0;
-    int window = 0;
-};
-/// Shows the owner's tooltip when the pointer rests on a widget.
-void attach_tooltip(Widget widget, const TooltipOwner& owner);
+/// Shows a window's tooltip of an identifier after the rest, unless something happens before. One
+/// that is there goes.
+void start_tooltip(int identifier, int window);
 
 extern bool bDisplayedTooltip;
 /// Takes the tooltip away, or one that was about to come; nothing without one.

@@ -221,10 +221,7 @@ Outcome motion(XEvent& event) {
 
 /// Widgets are told too: each enter has its leave, before and after a menu.
 Outcome crossing(XEvent& event) {
-    const WindowKind kind = yygetparenthandle(event.xcrossing.window).kind;
-    if (kind == WindowKind::MenuBar || kind == WindowKind::MenuPopUp ||
-        kind == WindowKind::MenuItem)
-        menu_hooks.crossing(event.xcrossing);
+    menu_hooks.crossing(event.xcrossing);
     return Outcome::GoesOn;
 }
 

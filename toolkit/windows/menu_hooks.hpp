@@ -56,7 +56,7 @@ struct MenuHooks {
     /// for none.
     MenuAnswer (*interpret_button)(const XButtonEvent& event, int window) =
         [](const XButtonEvent&, int) { return MenuAnswer{}; };
-    /// The pointer enters or leaves a bar, a pop-up or an item.
+    /// The pointer enters or leaves a window: of a menu, or a toolbar's button.
     void (*crossing)(const XCrossingEvent& event) = [](const XCrossingEvent&) {};
 
     /// Takes away the tooltip that is shown, if any; called when something has happened.
