@@ -606,6 +606,34 @@ TEST_F(MenusDisplay, AFreePopUpSelectsAndCloses) {
     expect_closed_and_working();
 }
 
+TEST_F(MenusDisplay, APopUpTallerThanTheScreenIsReachedWhole) {
+    constexpr int count = 70;
+    constexpr int screen_height = 1024;
+    std::array<DynamicMenuRow, count> rows{};
+    for (int i = 0; i < count; ++i)
+        rows[static_cast<std::size_t>(i)] = {.label = "Item", .identifier = 100 + i};
+    yymnflot(yymnloaddynamicmenu(rows, [](int) { return true; }), 500, 400, 0);
+    const auto box_of = [](int item) {
+        return yymngetposabsolute(*pwFloatMenu, pwFloatMenu->record.row_of(item));
+    };
+    const auto shown = [&](int item) {
+        return box_of(item).y >= 0 && box_of(item).y + box_of(item).height <= screen_height;
+    };
+    EXPECT_TRUE(shown(100));
+    press_key("Up", 100 + count - 1);
+    EXPECT_TRUE(shown(100 + count - 1));
+    press_key("Down", 100);
+    EXPECT_TRUE(shown(100));
+    // The pointer at the edge takes the rest along.
+    const int x = middle(box_of(100)).x;
+    move_to({x, screen_height - 1});
+    poll_until([&] { return shown(100 + count - 1); });
+    move_to({x, 0});
+    poll_until([&] { return shown(100); });
+    click(middle(box_of(101)));
+    EXPECT_EQ(wait_for(MenuSelect).VALUE1, 101);
+}
+
 TEST_F(MenusDisplay, AnItemLooksAsItIs) {
     const auto colours_of = [](int item) {
         const Box box = yymngetposabsolute(menu(), row(item));

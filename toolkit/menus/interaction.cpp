@@ -84,12 +84,23 @@ void close_below(int depth) {
     note_current();
 }
 
+void note_pointer() {
+    Window ignored = 0;
+    int x = 0;
+    int y = 0;
+    unsigned buttons = 0;
+    XQueryPointer(yydisplay.display, yydisplay.root, &ignored, &ignored, &state.pointer.x,
+                  &state.pointer.y, &x, &y, &buttons);
+}
+
 void highlight(int depth, int row) {
     OpenPopUp& open = open_at(depth);
     if (open.row != row) {
         if (open.row >= 0) yymninvert(*pwActiveMenu, open.row, false);
         if (row >= 0) yymninvert(*pwActiveMenu, row, true);
         open.row = row;
+        // What comes to lie under the pointer isn't entered by it.
+        if (row >= 0 && bring_into_view(*pwActiveMenu, row)) note_pointer();
     }
     note_current();
     show_prompt(*pwActiveMenu);
@@ -190,15 +201,6 @@ void grab(const Menu& menu) {
     state.iGrabPointer =
         XGrabPointer(yydisplay.display, main_window(menu), True, events, GrabModeSync,
                      GrabModeAsync, 0, 0, CurrentTime) == GrabSuccess;
-}
-
-void note_pointer() {
-    Window ignored = 0;
-    int x = 0;
-    int y = 0;
-    unsigned buttons = 0;
-    XQueryPointer(yydisplay.display, yydisplay.root, &ignored, &ignored, &state.pointer.x,
-                  &state.pointer.y, &x, &y, &buttons);
 }
 
 void expose_all(Widget widget) {
@@ -465,7 +467,11 @@ void yymninterpretcrossing(const XCrossingEvent& event) {
         return;
     }
     const Place pointer{event.x_root, event.y_root};
-    if (std::exchange(state.pointer, pointer) != pointer) point_at(depth, spot.row);
+    if (std::exchange(state.pointer, pointer) == pointer) return;
+    const int y = pwActiveMenu->popup(spot.popup).box.y;
+    point_at(depth, spot.row);
+    // At the edge of the screen a pop-up taller than that runs on under the pointer.
+    if (pwActiveMenu->popup(spot.popup).box.y != y) state.pointer = {-1, -1};
 }
 
 MenuAnswer yymninterpretkey(KeySym key, int window, unsigned modifiers) {

@@ -400,4 +400,10 @@ Place place_at(int x, int y, int width, int height, const Box& screen) {
             clamp_to(y, height, screen.y, screen.height)};
 }
 
+int y_with_item(const Box& popup, const Box& item, const Box& screen) {
+    const int lowest = screen.y + menu_frame - item.y;
+    const int highest = screen.y + screen.height - menu_frame - item.height - item.y;
+    return std::max(std::min(popup.y, highest), lowest);
+}
+
 }  // namespace tesserakit

@@ -192,7 +192,9 @@ Place place_below(const Box& item, int width, int height, const Box& screen);
 /// To the right of the item that opens it, its first item in line with that one; to the left where
 /// the screen ends at the right.
 Place place_beside(const Box& item, int width, int height, const Box& screen);
-/// At a point.
+/// At a point. One taller than the screen begins at its top, and goes beyond the bottom.
 Place place_at(int x, int y, int width, int height, const Box& screen);
+/// Where a pop-up goes so that an item of it is on the screen; its y. The item's box is in it.
+int y_with_item(const Box& popup, const Box& item, const Box& screen);
 
 }  // namespace tesserakit

@@ -247,6 +247,17 @@ void yymnpositionroot(Menu& menu, int x, int y) {
     show_at(menu, 0, place_at(x, y, popup.width, popup.height, screen_box()));
 }
 
+bool bring_into_view(Menu& menu, int row) {
+    const int number = menu.record.popup_around(row);
+    if (number < 0 || is_bar(menu, number)) return false;
+    Box& popup = menu.popup(number).box;
+    const int y = y_with_item(popup, menu.item(row).box, screen_box());
+    if (y == popup.y) return false;
+    popup.y = y;
+    place_window(menu.popup(number).window, popup);
+    return true;
+}
+
 void hide_popup(const Menu& menu, int number) {
     XUnmapWindow(yydisplay.display, menu.popup(number).window);
 }

@@ -91,6 +91,8 @@ Box yymngetposabsolute(const Menu& menu, int row);
 void yymnpositionroot(Menu& menu, int popup);
 /// Shows a free pop-up at a point of the screen.
 void yymnpositionroot(Menu& menu, int x, int y);
+/// Moves the open pop-up around a row so that the row is on the screen; false when it is already.
+bool bring_into_view(Menu& menu, int row);
 void hide_popup(const Menu& menu, int popup);
 
 }  // namespace tesserakit
