@@ -29,21 +29,6 @@ bool use_utf8_locale(const char* locale) {
 
 bool continues(char c) { return (static_cast<unsigned char>(c) & 0xc0U) == 0x80U; }
 
-/// Bytes of the character that `text` begins with, 0 when it begins with none: a lone or cut
-/// sequence, one longer than it need be, a surrogate, a number above the last character's.
-std::size_t character_length(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text[0]);
-    if (first < 0x80U) return 1;
-    if (first < 0xc2U || first > 0xf4U) return 0;
-    const std::size_t length = first < 0xe0U ? 2 : first < 0xf0U ? 3 : 4;
-    if (text.size() < length || !std::ranges::all_of(text.substr(1, length - 1), continues))
-        return 0;
-    const auto second = static_cast<unsigned char>(text[1]);
-    const bool wrong = (first == 0xe0U && second < 0xa0U) || (first == 0xedU && second > 0x9fU) ||
-                       (first == 0xf0U && second < 0x90U) || (first == 0xf4U && second > 0x8fU);
-    return wrong ? 0 : length;
-}
-
 /// From one character set to another; what can't be converted becomes `other`.
 class Conversion {
 public:
@@ -95,10 +80,23 @@ const char* use_locale(const char* language) {
     return std::setlocale(LC_CTYPE, nullptr);
 }
 
+std::size_t utf8_length(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text[0]);
+    if (first < 0x80U) return 1;
+    if (first < 0xc2U || first > 0xf4U) return 0;
+    const std::size_t length = first < 0xe0U ? 2 : first < 0xf0U ? 3 : 4;
+    if (text.size() < length || !std::ranges::all_of(text.substr(1, length - 1), continues))
+        return 0;
+    const auto second = static_cast<unsigned char>(text[1]);
+    const bool wrong = (first == 0xe0U && second < 0xa0U) || (first == 0xedU && second > 0x9fU) ||
+                       (first == 0xf0U && second < 0x90U) || (first == 0xf4U && second > 0x8fU);
+    return wrong ? 0 : length;
+}
+
 std::string valid_utf8(std::string_view text) {
     std::string result;
     while (!text.empty()) {
-        const std::size_t length = character_length(text);
+        const std::size_t length = utf8_length(text);
         result += length > 0 ? text.substr(0, length) : replacement;
         text.remove_prefix(std::max<std::size_t>(length, 1));
     }
@@ -108,7 +106,7 @@ std::string valid_utf8(std::string_view text) {
 std::string to_locale(std::string_view text) {
     std::string valid = valid_utf8(text);
     if (in_utf8()) return valid;
-    return Conversion(nl_langinfo(CODESET), "UTF-8", "?")(std::move(valid), character_length);
+    return Conversion(nl_langinfo(CODESET), "UTF-8", "?")(std::move(valid), utf8_length);
 }
 
 std::string from_locale(std::string_view text) {

@@ -5,6 +5,7 @@
 /// only: the program takes one wherever the system has one.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,10 @@ namespace tesserakit {
 /// without any of these to the locale itself, or "C". Answers the name of what is set then.
 const char* use_locale(const char* language);
 
+/// Bytes of the UTF-8 character that a text of one byte at least begins with, 0 when it begins with
+/// none: a lone or cut sequence, one longer than it need be, a surrogate, a number above the last
+/// character's.
+std::size_t utf8_length(std::string_view text);
 /// A text with each byte that is no part of a UTF-8 character shown as U+FFFD.
 std::string valid_utf8(std::string_view text);
 
