@@ -12,15 +12,22 @@ struct LineEnds {
     std::size_t length = 0;  ///< of the text in characters
 };
 
+/// A character is counted at its first byte.
+std::size_t characters_in(std::string_view text) {
+    std::size_t count = 0;
+    for (const char c : text) count += (static_cast<unsigned char>(c) & 0xc0U) != 0x80U ? 1U : 0U;
+    return count;
+}
+
 LineEnds line_ends_of(std::string_view text, std::size_t position) {
     LineEnds ends;
-    ends.entries.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')));
-    for (const char c : text) {
-        if (c == '\n')
-            ends.entries.push_back({.at = static_cast<std::uint32_t>(position + ends.length)});
-        // A character is counted at its first byte.
-        if ((static_cast<unsigned char>(c) & 0xc0U) != 0x80U) ++ends.length;
+    for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n')) {
+        ends.length += characters_in(text.substr(0, end));
+        ends.entries.push_back({.at = static_cast<std::uint32_t>(position + ends.length)});
+        ++ends.length;
+        text.remove_prefix(end + 1);
     }
+    ends.length += characters_in(text);
     return ends;
 }
 

@@ -58,7 +58,7 @@ std::optional<FileStamp> stamp_of(const std::string& name) {
 
 FileChange change_since(const std::string& name, const std::optional<FileStamp>& stamp) {
     const std::optional<FileStamp> now = stamp_of(name);
-    if (now == stamp) return FileChange::None;
+    if (now == stamp) return FileChange::Nothing;
     if (!now) return FileChange::Gone;
     return stamp ? FileChange::Changed : FileChange::Appeared;
 }

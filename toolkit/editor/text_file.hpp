@@ -15,7 +15,7 @@
 namespace tesserakit {
 
 /// A longer file isn't read, in bytes: the text widget takes several times as much memory.
-inline constexpr std::size_t largest_text_file = std::size_t{64} << 20;
+inline constexpr std::size_t largest_text_file = std::size_t{32} << 20;
 
 /// What a message box tells of a failure: the file's name and what is wrong with it.
 struct FileTrouble {
@@ -33,7 +33,7 @@ struct FileStamp {
 };
 std::optional<FileStamp> stamp_of(const std::string& name);
 
-enum class FileChange { None, Changed, Gone, Appeared };
+enum class FileChange { Nothing, Changed, Gone, Appeared };
 /// What has happened to a file since its stamp was taken.
 FileChange change_since(const std::string& name, const std::optional<FileStamp>& stamp);
 
