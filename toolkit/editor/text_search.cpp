@@ -4,6 +4,7 @@
 #include "toolkit/editor/letters.hpp"
 
 #include <algorithm>
+#include <vector>
 
 namespace tesserakit {
 
@@ -67,13 +68,20 @@ std::optional<TextMatch> find_text(std::wstring_view text, std::wstring_view wan
 ReplacedText replace_all(std::wstring_view text, std::wstring_view wanted,
                          std::wstring_view replacement, const SearchRules& rules) {
     const Searcher searcher(text, wanted, rules);
-    ReplacedText result;
+    std::vector<TextMatch> matches;
+    while (const auto match = searcher.first_from(matches.empty() ? 0 : matches.back().end))
+        matches.push_back(*match);
+    const std::size_t length =
+        text.size() - matches.size() * wanted.size() + matches.size() * replacement.size();
+    if (length > longest_replaced && length > text.size()) return {.too_long = true};
+
+    ReplacedText result{.count = matches.size()};
+    result.text.reserve(length);
     std::size_t done = 0;
-    while (const std::optional<TextMatch> match = searcher.first_from(done)) {
-        result.text += text.substr(done, match->begin - done);
+    for (const TextMatch& match : matches) {
+        result.text += text.substr(done, match.begin - done);
         result.text += replacement;
-        ++result.count;
-        done = match->end;
+        done = match.end;
     }
     result.text += text.substr(done);
     return result;

@@ -30,7 +30,9 @@ std::optional<TextMatch> find_text(std::wstring_view text, std::wstring_view wan
 struct ReplacedText {
     std::wstring text;
     std::size_t count = 0;
+    bool too_long = false;  ///< it would grow beyond `longest_replaced`: nothing is done
 };
+inline constexpr std::size_t longest_replaced = std::size_t{32} << 20;  ///< characters
 /// Each match from the start of the text on, next to each other, none inside of what has come in;
 /// the direction doesn't count. Of coded text (byte_marks.hpp) what the widget shows is compared,
 /// and what isn't replaced stays as it is.
