@@ -302,4 +302,41 @@ void wrgbsplit(int colour, int* red, int* green, int* blue);
 /// Cancel the colour stays, and winfodialog(4) is 2. The current dialog stays current.
 void wselectcolour1(int& colour);
 
+// Text editor
+
+/// What an editor is to be like. With a modal one the call returns when it has been closed.
+struct EditorRequest {
+    int mode = DialogModeless;  ///< DialogMode
+    int menu = 0;  ///< menu of the resource that stands behind the editor's own, 0 none
+    /// 2 file boxes use `filter`, 4 browse only, 256 no New and Open, 512 no Save As, 1024 no
+    /// Print, 8192 no Save; 16384 is taken, and used by nothing: the window goes with its editor.
+    int flags = 0;
+    std::string_view font{};    ///< family; empty: the user's fixed font
+    int font_size = 0;          ///< points, 0 the font's own
+    int history = -1;           ///< of a command line; taken, and used by nothing: there is none
+    std::string_view filter{};  ///< "description|pattern|..."
+    bool backup = false;        ///< a saving keeps the old file as NAME.bak
+};
+/// Makes the current window, a plain child, an editor of a file; an empty name is a new text. What
+/// goes wrong with the file is told in a box, and the editor is empty then. The file is kept open
+/// until its text is closed. The editor deals with its menu by itself, and closes its window by
+/// itself: a CloseRequest tells that it is gone. In a window that is an editor already the file is
+/// shown beside its other texts, in front, and loaded anew if it has changed on the disk.
+///
+/// 1022 no child window, 1024 unknown mode, 1025 a menu inside the parent's client area, 1026 a
+/// menu with a modal editor, 1027 a window that carries something else.
+void weditfile(std::string_view filename, const EditorRequest& request = {});
+/// Closes an editor as its user would, with the question about changes: false when it stays. A
+/// window that is no editor has nothing to ask.
+bool weditclose(int window);
+
+/// The text of the current window; 1028 unless it is an editor. Lines end with a line feed, or as
+/// in the file that was loaded.
+void weditputtext1(std::string_view text);
+/// The whole text, and what is selected of it (empty for nothing).
+void weditgettext1(std::string& text);
+void weditgettext2(std::string& text);
+/// `length` characters from the one of number `first` on, which counts from 1; fewer at the end.
+void weditgettextpart(int first, int length, std::string& text);
+
 }  // namespace tesserakit

@@ -5,6 +5,7 @@
 
 #include "toolkit/base/start.hpp"
 #include "toolkit/dialogs/hosting.hpp"
+#include "toolkit/editor/editor.hpp"
 #include "toolkit/menus/menus.hpp"
 #include "toolkit/messages/messages.hpp"
 
@@ -23,6 +24,7 @@ void winitialise(std::string_view inifile) {
     install_messages();
     install_dialogs();
     install_menus();
+    install_editors();
     guard = initialised;
 }
 
