@@ -3,6 +3,7 @@
 #include "app/dialog_binding.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
+#include "app/text_windows.hpp"
 #include "common/safe_file.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
@@ -118,12 +119,12 @@ void close_file() {
     wcfgl_matom_tree::empty_matom_list();
 }
 
-/// In the working directory; the next listing replaces it.
+/// Into the working directory; the next listing replaces it.
 void list_moments() {
     constexpr const char* file = "temp.dat";
     std::string text;
     wcfgl_matom_tree::write_magnetic_moment_list(text);
-    told(safe_file::save(file, text), file);
+    if (told(safe_file::save(file, text), file)) show_moment_list(file);
 }
 
 // ---- dialogs ------------------------------------------------------------------------------------
@@ -233,9 +234,9 @@ void plot_moments() {
 
 void nothing() {}
 
-void exit_program() { ending = true; }
+void exit_program() { ending = close_text_windows(); }
 
-/// item::export_bitmap and item::edit_button have no row: the export and the editor aren't there.
+/// item::export_bitmap has no row: the export isn't there.
 constexpr struct {
     int item;
     void (*handler)();
@@ -252,6 +253,7 @@ constexpr struct {
     {item::save_as_button,      save_file_as},
     {item::exit,                exit_program},
     {item::reload_button,       reload_file},
+    {item::edit_button,         edit_current_file},
     {item::space_group,         show<dialog::space_group>},
     {item::cell,                show<dialog::cell>},
     {item::atoms,               show_atoms},

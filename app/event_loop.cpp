@@ -5,6 +5,7 @@
 #include "app/drag.hpp"
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
+#include "app/text_windows.hpp"
 #include "scene/wcfgl_display.hpp"
 #include "scene/wcfgl_io.hpp"
 #include "toolkit/tesserakit.hpp"
@@ -65,9 +66,9 @@ void push_button(const MessageRecord& message) {
 
 void close_window(int window) {
     if (window == 0)
-        ending = true;
-    else if (window == 1)
-        windowclosechild(child_window);
+        ending = close_text_windows();
+    else
+        forget_text_window(window);
 }
 
 /// A press, a move and a release act whatever button, field and window they tell.

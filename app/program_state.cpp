@@ -17,6 +17,7 @@ constinit Vector3f drag_end_point;
 constinit int last_mouse_x = 0;
 constinit int last_mouse_y = 0;
 constinit int child_window = 0;
+constinit int list_window = 0;
 constinit bool ending = false;
 
 std::optional<FileName> file_name_from_command_line(int argc, const char* const* argv) {

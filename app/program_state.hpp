@@ -21,8 +21,10 @@ extern Vector3f drag_start_point;  ///< on the trackball's hemisphere, of the la
 extern Vector3f drag_end_point;    ///< the same, of the present step
 extern int last_mouse_x;           ///< pixels, y downward, of the last step
 extern int last_mouse_y;
-/// The one further window, for text; 0 while there is none.
+/// The windows for text: the edition of the structure file, and the list of the moments. 0 while
+/// there is none.
 extern int child_window;
+extern int list_window;
 /// Set to end the program, without a question: the loop stops once the message in hand has been
 /// served.
 extern bool ending;

@@ -95,13 +95,12 @@ const std::string whole =
     "{\nLATTICE P\nK 0 0 0.5\nSYMM x,y,z\nMSYM u,v,w,0.0\n"
     "MATOM M1 FE 0 0 0 SCALE 1\nSKP 1 1 1 0 0 0 0 0 0\n}\n";
 
-// The bitmap export and the editor are still to come.
-TEST_F(Commands, EveryItemAndButtonHasOneButTwo) {
+// The bitmap export is still to come.
+TEST_F(Commands, EveryItemAndButtonHasOneButTheExport) {
     int count = 0;
     for (const auto& [label, item] : choices()) {
         ++count;
-        EXPECT_EQ(run_command(item), label != "Export bitmap" && label != "Edit *.gwr file")
-            << label;
+        EXPECT_EQ(run_command(item), label != "Export bitmap") << label;
     }
     EXPECT_EQ(count, 22 + 21);
     for (const int head : {0, 40001, 40008, 40010, 40011, 40022, 40024, 40027, 40119})
@@ -329,12 +328,10 @@ TEST_F(Commands, CloseClosesNothingWhenSavingFails) {
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 6);
 }
 
-TEST_F(Commands, ExportAndEditTouchNothing) {
+TEST_F(Commands, ExportTouchesNothing) {
     const std::string name = open(whole);
-    for (const char* label : {"Export bitmap", "Edit *.gwr file"}) {
-        choose(label);
-        EXPECT_THAT(dialog_record::calls(), IsEmpty()) << label;
-    }
+    choose("Export bitmap");
+    EXPECT_THAT(dialog_record::calls(), IsEmpty());
     EXPECT_EQ(current_file_name.trimmed(), name);
 }
 
@@ -346,12 +343,39 @@ TEST_F(Commands, AListingOfMomentsReplacesTheLastOne) {
     choose("Close");
     choose("List magnetic moments");
     EXPECT_THAT(content_of("temp.dat"), testing::Not(HasSubstr("M1")));
-    EXPECT_THAT(dialog_record::calls(), IsEmpty());
+    // 39: frame and status bar; 256: neither New nor Open.
+    EXPECT_THAT(dialog_record::calls(),
+                ElementsAre("windowselect 1", "weditfile 256 temp.dat", "windowselect 0"));
 
     std::filesystem::remove("temp.dat");
     std::filesystem::create_directory("temp.dat");
     choose("List magnetic moments");
     EXPECT_THAT(calls_of("wmessagebox"), ElementsAre(HasSubstr("temp.dat")));
+}
+
+// A second window on a file would let two texts of it overwrite each other.
+TEST_F(Commands, EditOpensOneWindowForTheFile) {
+    choose("Edit *.gwr file");
+    EXPECT_THAT(dialog_record::calls(), IsEmpty()) << "without a file";
+
+    const std::string first = open(whole);
+    choose("Edit *.gwr file");
+    EXPECT_THAT(dialog_record::calls(), ElementsAre("windowopenchild2 39 Edition of file: " + first,
+                                                    "weditfile 256 " + first, "windowselect 0"));
+    choose("Edit *.gwr file");
+    EXPECT_THAT(dialog_record::calls(),
+                ElementsAre("windowselect 1", "weditfile 256 " + first, "windowselect 0"));
+
+    const std::string second = folder_.file("second.gwr", whole);
+    current_file_name = std::string_view(second);
+    answer({.button = 3});
+    choose("Edit *.gwr file");
+    EXPECT_THAT(dialog_record::calls(), ElementsAre("weditclose 1")) << "the user stays";
+    answer({.button = 1});
+    choose("Edit *.gwr file");
+    EXPECT_THAT(dialog_record::calls(),
+                ElementsAre("weditclose 1", "windowopenchild2 39 Edition of file: " + second,
+                            "weditfile 256 " + second, "windowselect 0"));
 }
 
 // 256ths: neither end of the chooser's range may come out as 1.

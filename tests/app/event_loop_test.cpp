@@ -147,13 +147,28 @@ TEST_F(EventLoop, TheSizeOfThePictureIsTakenOverWhenItMayHaveChanged) {
     }
 }
 
-TEST_F(EventLoop, TheTextWindowIsClosedWithoutTheProgram) {
+TEST_F(EventLoop, ATextWindowThatHasClosedItselfIsForgotten) {
     child_window = 4;
-    post(CloseRequest, {.WIN = 1});
-    post(CloseRequest, {.WIN = 2});
+    list_window = 2;
+    post(CloseRequest, {.WIN = 4});
+    dialog_record::answer({.button = 1});
     run(1);
-    EXPECT_THAT(dialog_record::calls_of("windowclosechild"), ElementsAre("4"));
+    EXPECT_THAT(dialog_record::calls_of("weditclose"), ElementsAre("2")) << "at the end";
     EXPECT_THAT(dialog_record::waits(), SizeIs(1));
+}
+
+TEST_F(EventLoop, EndsOnlyWhenTheTextWindowsMayClose) {
+    child_window = 4;
+    list_window = 2;
+    // The list's user presses Cancel at first.
+    for (const int button : {1, 3, 1}) dialog_record::answer({.button = button});
+    post(CloseRequest, {.WIN = 0});
+    post(PushButton, {.WIN = dialog::main, .VALUE1 = button::recentre});
+    post(CloseRequest, {.WIN = 0});
+    wcfgl_display::current_centroffset = {5, 7};
+    run();
+    EXPECT_THAT(dialog_record::calls_of("weditclose"), ElementsAre("4", "2", "2"));
+    EXPECT_EQ(wcfgl_display::current_centroffset, (std::array{0, 0})) << "it went on meanwhile";
 }
 
 TEST_F(EventLoop, OkReadsADialogAndCancelHidesIt) {

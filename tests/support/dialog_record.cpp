@@ -53,6 +53,7 @@ struct State {
     std::deque<std::pair<int, MessageRecord>> queue;
     std::deque<Answer> answers;
     int common_button = 0;  ///< that ended the last common dialog
+    int windows = 0;        ///< opened beside the root
     std::vector<int> waits;
 };
 State& record = *new State;
@@ -308,7 +309,31 @@ void windowopen2(const WindowRequest& request) {
     record.dialogs[request.dialog].shown = true;
 }
 
-void windowclosechild(int window) { note("windowclosechild", {std::to_string(window)}); }
+Answer next_answer() {
+    Answer answer;
+    if (!record.answers.empty()) {
+        answer = record.answers.front();
+        record.answers.pop_front();
+    }
+    record.common_button = answer.button;
+    return answer;
+}
+
+int windowopenchild2(const WindowRequest& request, int) {
+    note("windowopenchild2", {std::to_string(request.flags), std::string(request.title)});
+    return ++record.windows;
+}
+
+void windowselect(int window) { note("windowselect", {std::to_string(window)}); }
+
+void weditfile(std::string_view filename, const EditorRequest& request) {
+    note("weditfile", {std::to_string(request.flags), std::string(filename)});
+}
+
+bool weditclose(int window) {
+    note("weditclose", {std::to_string(window)});
+    return next_answer().button == 1;
+}
 
 void igrselect(int type, std::optional<int> number) {
     note("igrselect", {std::to_string(type), place_text(number.value_or(0))});
@@ -534,16 +559,6 @@ void wgridlabelrow(int identifier, int row, std::string_view text) {
 }
 
 // Common dialogs
-
-Answer next_answer() {
-    Answer answer;
-    if (!record.answers.empty()) {
-        answer = record.answers.front();
-        record.answers.pop_front();
-    }
-    record.common_button = answer.button;
-    return answer;
-}
 
 int winfodialog(int item) { return item == 1 || item == 4 ? record.common_button : 0; }
 

@@ -60,7 +60,8 @@ void type(Place place, const std::string& text);
 void set(Place place, int value);
 
 /// What the user does in the next common dialog that is called: presses a button, 1 for OK or Yes,
-/// having chosen a file or a colour. Where nothing more is told, each dialog is cancelled.
+/// having chosen a file or a colour. Where nothing more is told, each dialog is cancelled. The same
+/// for the question of weditclose: 1 lets it close.
 struct Answer {
     int button = 2;
     std::string file = {};

@@ -1,0 +1,65 @@
+#include "app/text_windows.hpp"
+
+#include "app/program_state.hpp"
+#include "toolkit/tesserakit.hpp"
+
+#include <array>
+#include <string>
+
+namespace gemwright {
+namespace {
+
+using namespace tesserakit;
+
+constexpr int root_window = 0;
+constexpr int with_frame = 7;
+constexpr int no_open = 256;  ///< the editor stays with its file
+
+struct State {
+    wcfgl_io::FileName edited;  // in child_window
+};
+State& state = *new State;
+
+void show(int& window, const std::string& title, const std::string& file) {
+    if (window == 0) {
+        const int opened =
+            windowopenchild2({.flags = with_frame | WindowStatusBar, .title = title});
+        if (opened < 0) return;
+        window = opened;
+    } else {
+        windowselect(window);
+    }
+    weditfile(file, {.flags = no_open});
+    // Dialogs of the program belong to its main window.
+    windowselect(root_window);
+}
+
+}  // namespace
+
+void edit_current_file() {
+    if (current_file_name.blank()) return;
+    const std::string file(current_file_name.trimmed());
+    if (child_window != 0 && state.edited != current_file_name) {
+        if (!weditclose(child_window)) return;
+        child_window = 0;
+    }
+    state.edited = current_file_name;
+    show(child_window, "Edition of file: " + file, file);
+}
+
+void show_moment_list(const char* file) { show(list_window, "Gemwright Magnetic list", file); }
+
+void forget_text_window(int window) {
+    for (int* const own : {&child_window, &list_window})
+        if (*own == window) *own = 0;
+}
+
+bool close_text_windows() {
+    for (int* const window : {&child_window, &list_window}) {
+        if (*window != 0 && !weditclose(*window)) return false;
+        *window = 0;
+    }
+    return true;
+}
+
+}  // namespace gemwright
