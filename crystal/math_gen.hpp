@@ -59,6 +59,17 @@ inline Vector3f modulo_lat(const Vector3f& u) {
 /// In place, for a vector of any length.
 void modulo_lat(std::span<float> u);
 
+/// modulo_lat for the place of an atom. An image of 1/3 comes out two of its steps of 1e-6 beside a
+/// whole cell: at 0.999999 it would be another atom than one at 0, and missing on the cell's face.
+/// Such a coordinate is 0.
+inline Vector3f into_cell(const Vector3f& u) {
+    constexpr float rounding = 3e-6f;
+    Vector3f v = modulo_lat(u);
+    for (float& x : v)
+        if (std::abs(x) < rounding || std::abs(x - 1.0f) < rounding) x = 0.0f;
+    return v;
+}
+
 /// |nint(v) - v| <= eps_math, and the same for every element; true of no elements at all.
 inline bool zbelongn(float v) { return std::abs(std::round(v) - v) <= eps_math; }
 bool zbelongv(std::span<const float> v);

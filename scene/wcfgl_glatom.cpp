@@ -33,7 +33,7 @@ void new_gl_atom(const FixedText<10>& label, const FixedText<2>& symbol, const V
                  const Space_Group_Type& group, Atom& atom) {
     atom.label = label;
     atom.symbol = symbol;
-    atom.xf = math_gen::modulo_lat(xf);
+    atom.xf = math_gen::into_cell(xf);
     atom.reserved_value = reserved_value;
     atom.radius = radius;
     atom.colour = colour;
@@ -49,7 +49,7 @@ void calculate_eq_positions(Atom& atom, const Space_Group_Type& group) {
         // A group whose cell holds more than four lattice points counts more operators than its
         // record has entries for; an empty entry would put an atom at the origin.
         if (op.rot == Matrix3i{}) continue;
-        const Vector3f x = math_gen::modulo_lat(crystallographic_symmetry::applyso(op, atom.xf));
+        const Vector3f x = math_gen::into_cell(crystallographic_symmetry::applyso(op, atom.xf));
         if (std::none_of(kept.begin(), kept.end(),
                          [&](const Vector3f& other) { return same_position(x, other); }))
             kept.push_back(x);

@@ -51,7 +51,7 @@ Image image_of(const Vector3f& xf, const OperatorText& text) {
     Vector3f translation{};
     crystallographic_symmetry::read_xsym(text.field(), 1, rotation, &translation);
     const Vector3f position = rotation * xf + translation;
-    return {position, math_gen::modulo_lat(position) - position};
+    return {position, math_gen::into_cell(position) - position};
 }
 
 /// The coefficient of `component` at the image, but for the centring.
@@ -80,7 +80,7 @@ void expand(MatomNode& node) {
     for (std::size_t s = 0; s < nsym; ++s) {
         const Image image = image_of(node.xf, (*current_xsym_list)[s]);
         for (std::size_t l = 0; l < centring.size(); ++l)
-            node.xf_eq[l * nsym + s] = math_gen::modulo_lat(image.position + centring[l]);
+            node.xf_eq[l * nsym + s] = math_gen::into_cell(image.position + centring[l]);
         for (MomentRecord& moment : node.moment) {
             const Vector3f& k = (*current_k_list)[static_cast<std::size_t>(moment.k_index - 1)];
             const OperatorText& msym =
@@ -168,7 +168,7 @@ void push_matom(const FixedText<10>& label, const FixedText<2>& symbol, const Ve
     if (!wcfgl_metrix::current_box) wcfgl_metrix::init_box();  // the first frame is framed by it
     node.label = label;
     node.symbol = symbol;
-    node.xf = math_gen::modulo_lat(xf);
+    node.xf = math_gen::into_cell(xf);
     node.group = group;
     node.nodisplay = nodisplay;
     node.scale = scale;

@@ -22,6 +22,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <span>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -301,10 +302,11 @@ TEST(RoundTrip, AViewSavedTwiceIsTheSameView) {
     }
 }
 
-/// What a file makes of the group, the atoms and the bonds.
+/// What a file makes of the cell, the group, the atoms and the bonds.
 struct Contents {
+    std::vector<float> cell;
     std::set<std::string> operators;
-    std::vector<std::multiset<std::array<long, 3>>> atoms;  ///< places in thousandths
+    std::vector<std::set<std::array<long, 3>>> atoms;  ///< places in thousandths
     std::size_t bonds = 0;
     bool operator==(const Contents&) const = default;
 };
@@ -314,6 +316,9 @@ long thousandth(float x) { return std::lround(x * 1000.0f) % 1000; }
 
 Contents contents() {
     Contents found;
+    for (const Vector3f& sizes :
+         {wcfgl_metrix::current_cell->cell_length, wcfgl_metrix::current_cell->cell_angle})
+        found.cell.insert(found.cell.end(), sizes.begin(), sizes.end());
     const auto& group = *wcfgl_metrix::current_space_group;
     for (int i = 0; i < group.multip && i < 192; ++i)
         found.operators.emplace(group.sym_op_text[static_cast<std::size_t>(i)].trimmed());
@@ -321,9 +326,10 @@ Contents contents() {
         std::vector<wcfgl_glatom::Atom> atoms;
         wcfgl_atom_tree::search_atom_list_by_label(std::string_view(label), atoms);
         for (const wcfgl_glatom::Atom& atom : atoms) {
-            std::multiset<std::array<long, 3>> places;
+            std::set<std::array<long, 3>> places;
             for (const Vector3f& x : atom.xf_eq)
                 places.insert({thousandth(x[0]), thousandth(x[1]), thousandth(x[2])});
+            EXPECT_EQ(places.size(), atom.xf_eq.size()) << "two atoms in one place";
             found.atoms.push_back(places);
         }
     }
@@ -336,26 +342,41 @@ Contents contents() {
 /// The group as a file tells it, with atoms on axes, on planes and off them.
 Contents contents_with(const std::string& group_lines) {
     read_text(group_lines +
-              "CELL 5 6 7 90 90 90\nBOX 0 1 0 1 0 1\nATOM A O 0.3333 0.6667 .25\n"
+              "CELL 5 6 7 81 95 110\nBOX 0 1 0 1 0 1\nATOM A O 0.3333 0.6667 .25\n"
               "ATOM B O 0 0.1667 .0833\nATOM C O .1234 .2468 .3706\nBOND A B 0 1.5\n");
     return contents();
+}
+
+std::string generator_lines(std::span<const std::string> operators) {
+    std::string lines;
+    for (const std::string& op : operators) lines += "GENR " + op + "\n";
+    return lines;
 }
 
 TEST(WholeTable, EveryGroupIsTheSameAfterSavingHoweverItWasTold) {
     // Thousands of savings: none waits for a disk where there is a file system in memory.
     if (std::filesystem::is_directory("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 1);
+    std::mt19937 random(5);
+    std::size_t bonds = 0;
     for (const symmetry_tables::SpgrRow& row : symmetry_tables::spgr_rows()) {
-        const Contents by_hall = contents_with("SPACEG " + std::string(row.hall.trimmed()) + "\n");
-        std::string generators;
-        for (const std::string& op : by_hall.operators) generators += "GENR " + op + "\n";
+        const std::string hall = "SPACEG " + std::string(row.hall.trimmed()) + "\n";
+        const std::string symbol = "SPACEG " + std::string(row.hm.trimmed()) + "\n";
+        const Contents by_hall = contents_with(hall);
+        std::vector<std::string> all(by_hall.operators.begin(), by_hall.operators.end());
+        std::ranges::shuffle(all, random);
+        // Some of them tell a subgroup, or all of the group.
+        const auto some = std::span(all).first(1 + random() % all.size());
+        bonds += by_hall.bonds;
         for (const std::string& told :
-             {"SPACEG " + std::string(row.hall.trimmed()) + "\n",
-              "SPACEG " + std::string(row.hm.trimmed()) + "\n", generators}) {
+             {hall, symbol, generator_lines(all), generator_lines(some)}) {
             SCOPED_TRACE(told);
             const Contents before = contents_with(told);
+            EXPECT_THAT(before.cell, ElementsAre(5, 6, 7, 81, 95, 110));
             // A symbol of several settings is the first of them.
-            const bool by_symbol = told == "SPACEG " + std::string(row.hm.trimmed()) + "\n";
-            ASSERT_TRUE(by_symbol || before.operators == by_hall.operators);
+            const bool whole = told == hall || told == generator_lines(all);
+            ASSERT_TRUE(!whole || before.operators == by_hall.operators);
+            for (const std::string& op : some)
+                ASSERT_TRUE(told == symbol || before.operators.contains(op)) << op;
             const std::string saved = written(wcfgl_quaternion::identity);
             read_text(saved);
             ASSERT_EQ(contents().operators, before.operators) << saved;
@@ -363,6 +384,7 @@ TEST(WholeTable, EveryGroupIsTheSameAfterSavingHoweverItWasTold) {
             ASSERT_EQ(written(wcfgl_quaternion::identity), saved);
         }
     }
+    EXPECT_GT(bonds, 612u);
 }
 
 /// The views that docs/file_format.md gives for looking along an axis: it comes towards the user.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -144,6 +145,26 @@ TEST(EquivalentPositions, TheComparisonDoesNotWrapAroundTheCell) {
     EXPECT_EQ(atom_named("Off").multiplicity, 2);
     push("Sum", "O", {0.50005f, 0.50005f, 0.50005f});
     EXPECT_EQ(atom_named("Sum").multiplicity, 2);
+}
+
+/// Site a of the polar groups, c of the others, as International Tables count it.
+TEST(EquivalentPositions, OnTheAxesOfRhombohedralGroupsLieOnTheFacesOfTheCell) {
+    const std::map<std::string, int> published{{"R 3", 3},    {"R -3", 6},  {"R 3 2", 6},
+                                               {"R 3 m", 3},  {"R 3 c", 6}, {"R -3 m", 6},
+                                               {"R -3 c", 12}};
+    const float third = 1.0f / 3.0f;
+    for (const auto& [group, multiplicity] : published) {
+        define_spacegroup(group);
+        for (const Vector3f& xf : {Vector3f{0, 0, 0.1f}, Vector3f{third, 2 * third, 0.1f},
+                                   Vector3f{-third, third, 0.1f}}) {
+            push("A", "O", xf);
+            const Atom atom = atom_named("A");
+            EXPECT_EQ(atom.multiplicity, multiplicity) << group;
+            for (const Vector3f& x : atom.xf_eq)
+                EXPECT_TRUE(x[0] == 0.0f || (x[0] > 0.3f && x[0] < 0.7f)) << group << ' ' << x[0];
+            pop_atom(1);
+        }
+    }
 }
 
 TEST(EquivalentPositions, TheFirstIsThePositionItselfEvenUnfolded) {

@@ -141,6 +141,12 @@ TEST(PushMatom, OrdersColumnsByLatticePointAndKeepsEqualPositions) {
     const MatomNode& special = push({0, 0, 0}, {component({1, 0, 0})});
     EXPECT_EQ(special.xf_eq.size(), 4u);
     EXPECT_EQ(special.xf_eq[0], special.xf_eq[1]);
+
+    // An axis of the cell's faces, reached from one inside.
+    define_phase('R', {0, 0, 0}, {"x-y+1/3,-y+2/3,-z+2/3"}, {"MSYM u,v,w,0.0"});
+    const MatomNode& on_axis = push({1.0f / 3.0f, 2.0f / 3.0f, 0.25f}, {component({0, 0, 1})});
+    EXPECT_EQ(on_axis.xf_eq[0][0], 0.0f);
+    EXPECT_EQ(on_axis.xf_eq[0][1], 0.0f);
 }
 
 // By hand: -x takes 0.2 to -0.2, folded to 0.8 with d = (1, 0, 0); the factor is
