@@ -1,0 +1,372 @@
+// X has macros that GoogleTest does not compile behind.
+#include <gtest/gtest.h>
+
+#include "tests/support/display_input.hpp"
+#include "tests/support/modal_visit.hpp"
+#include "tests/support/temp_file.hpp"
+#include "toolkit/base/motif_text.hpp"
+#include "toolkit/dialogs/records.hpp"
+#include "toolkit/editor/editor_record.hpp"
+#include "toolkit/editor/text_area.hpp"
+#include "toolkit/menus/menu_windows.hpp"
+#include "toolkit/tesserakit.hpp"
+#include "toolkit/windows/window_slots.hpp"
+
+#include <Xm/MessageB.h>
+#include <Xm/Text.h>
+
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <tuple>
+#include <vector>
+
+using namespace tesserakit;
+using namespace display_input;
+
+namespace {
+
+const std::string plain = "one two\nthree\nfour five six\n";
+
+/// Another program on the display, with a selection of its own or a look at one.
+class OtherClient {
+public:
+    OtherClient()
+        : display_(XOpenDisplay(nullptr)),
+          window_(XCreateSimpleWindow(display_, DefaultRootWindow(display_), 0, 0, 1, 1, 0, 0, 0)) {
+    }
+    ~OtherClient() {
+        server_ = {};
+        XCloseDisplay(display_);
+    }
+    OtherClient(const OtherClient&) = delete;
+    OtherClient& operator=(const OtherClient&) = delete;
+
+    /// What a selection holds, the program under test being polled meanwhile.
+    std::string text_of(const char* selection) {
+        XConvertSelection(display_, atom(selection), atom("UTF8_STRING"), atom("ANSWER"), window_,
+                          CurrentTime);
+        XFlush(display_);
+        XEvent event;
+        poll_until([&] {
+            return XCheckTypedWindowEvent(display_, window_, SelectionNotify, &event) != 0;
+        });
+        Atom type = 0;
+        int format = 0;
+        unsigned long count = 0;
+        unsigned long rest = 0;
+        unsigned char* data = nullptr;
+        XGetWindowProperty(display_, window_, atom("ANSWER"), 0, 1 << 20, True, AnyPropertyType,
+                           &type, &format, &count, &rest, &data);
+        std::string text(reinterpret_cast<char*>(data), data ? count : 0);
+        if (data) XFree(data);
+        return text;
+    }
+    /// Owns it from now on, and answers who asks: Motif waits for the answer.
+    void own(const char* selection, const std::string& text) {
+        server_ = {};
+        text_ = text;
+        XSetSelectionOwner(display_, atom(selection), window_, CurrentTime);
+        XSync(display_, False);
+        server_ = std::jthread([this](const std::stop_token& stop) { serve(stop); });
+    }
+
+private:
+    Atom atom(const char* name) const { return XInternAtom(display_, name, False); }
+
+    void serve(const std::stop_token& stop) {
+        while (!stop.stop_requested()) {
+            XEvent event;
+            pollfd connection{ConnectionNumber(display_), POLLIN, 0};
+            if (XPending(display_) == 0) poll(&connection, 1, 10);
+            if (!XCheckTypedWindowEvent(display_, window_, SelectionRequest, &event)) continue;
+            answer(event.xselectionrequest);
+            XFlush(display_);
+        }
+    }
+
+    void answer(const XSelectionRequestEvent& request) {
+        const Atom utf8 = atom("UTF8_STRING");
+        const Atom targets = atom("TARGETS");
+        XEvent notice{};
+        notice.xselection = {SelectionNotify,
+                             0,
+                             True,
+                             display_,
+                             request.requestor,
+                             request.selection,
+                             request.target,
+                             request.property,
+                             request.time};
+        if (request.target == targets) {
+            const std::array offered{targets, utf8};
+            XChangeProperty(display_, request.requestor, request.property, XA_ATOM, 32,
+                            PropModeReplace, reinterpret_cast<const unsigned char*>(offered.data()),
+                            static_cast<int>(offered.size()));
+        } else if (request.target == utf8) {
+            XChangeProperty(display_, request.requestor, request.property, utf8, 8, PropModeReplace,
+                            reinterpret_cast<const unsigned char*>(text_.data()),
+                            static_cast<int>(text_.size()));
+        } else {
+            notice.xselection.property = 0;
+        }
+        XSendEvent(display_, request.requestor, False, 0, &notice);
+    }
+
+    Display* display_;
+    Window window_;
+    std::string text_;
+    std::jthread server_;
+};
+
+/// A message box is up, and takes keys.
+bool box_is_up() {
+    const Widget box = top_modal_widget();
+    if (!box || XtName(box) != std::string("messageBox")) return false;
+    Window focus = 0;
+    int revert = 0;
+    XGetInputFocus(yydisplay.display, &focus, &revert);
+    const Widget widget =
+        focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+    return widget && shell_around(widget) == shell_around(box) && XmGetFocusWidget(box);
+}
+
+std::string box_title() {
+    String title = nullptr;
+    XtVaGetValues(shell_around(top_modal_widget()), XtNtitle, &title, nullptr);
+    return title;
+}
+
+std::string box_text() {
+    XmString text = nullptr;
+    XtVaGetValues(top_modal_widget(), XmNmessageString, &text, nullptr);
+    std::string plain_message = plain_text(text);
+    XmStringFree(text);
+    return plain_message;
+}
+
+class Editor : public testing::Test {
+protected:
+    void SetUp() override {
+        winitialise();
+        windowopen2({.x = 600, .y = 500, .width = 200, .height = 100, .title = "Root"});
+        window_titled("Root");
+        drain();
+    }
+
+    /// A window with an editor that has the keyboard.
+    int open(const std::string& name, const EditorRequest& request = {}) {
+        window_ = windowopenchild2(
+            {.flags = 39, .x = 60, .y = 60, .width = 700, .height = 420, .title = "Text"}, 0);
+        weditfile(name, request);
+        if (request.mode == DialogModeless) poll_until([this] { return has_keys(); });
+        return window_;
+    }
+    bool has_keys() const {
+        Window focus = 0;
+        int revert = 0;
+        XGetInputFocus(yydisplay.display, &focus, &revert);
+        const Widget widget =
+            focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+        return widget && shell_around(widget) == window_slot(window_).shell_widget &&
+               XmGetFocusWidget(widget) == editor().text;
+    }
+    EditorRecord& editor() const { return *editor_of(window_); }
+    static std::string text() {
+        std::string all;
+        weditgettext1(all);
+        return all;
+    }
+    std::string status(std::size_t part) const {
+        return window_slot(window_).status_bar->parts[part - 1].text;
+    }
+    void keys(const std::vector<std::string>& names) const {
+        for (const std::string& name : names) key(name);
+        settle();
+        drain();
+    }
+    /// An item of the right button's menu over the text.
+    void choose_in_popup(int item) const {
+        click(middle_of(editor().text), Button3);
+        poll_until([] { return pwActiveMenu != nullptr; });
+        const int row = pwFloatMenu->record.row_of(item);
+        const MenuPopUpWindow& popup = pwFloatMenu->popup(0);
+        const Box& box = pwFloatMenu->item(row).box;
+        click({popup.box.x + box.x + box.width / 2, popup.box.y + box.y + box.height / 2});
+        poll_until([] { return pwActiveMenu == nullptr; });
+        drain();
+    }
+    /// Closes as the window manager does, and answers the question by a key; "" for none.
+    void close_with(const std::string& answer) {
+        std::vector<ModalVisit::Step> steps;
+        if (!answer.empty())
+            steps.push_back([answer] {
+                if (!box_is_up()) return false;
+                key(answer);
+                return true;
+            });
+        const ModalVisit visit(steps);
+        close_window("Text - [" + std::string(shown_name_) + "]");
+        settle();
+        drain();
+        EXPECT_TRUE(visit.over());
+    }
+
+    int window_ = 0;
+    std::string shown_name_;
+    TempDirectory folder_;
+};
+
+}  // namespace
+
+TEST_F(Editor, WhatIsTypedIsSavedAndTheBarsFollow) {
+    const std::string name = folder_.file("a.txt", plain);
+    open(name);
+    EXPECT_TRUE(is_shown("Text - [" + name + "]"));
+    EXPECT_EQ(status(2), "INS");
+    EXPECT_EQ(status(3), "Line: 1  Col: 1");
+    keys({"Down", "End", "x", "Return", "y"});
+    EXPECT_EQ(status(3), "Line: 3  Col: 2");
+    keys({"ctrl+t", "Insert", "Home", "z"});  // a control key types nothing
+    EXPECT_EQ(status(2), "OVR");
+    EXPECT_EQ(content_of(name), plain) << "not before it is saved";
+    keys({"ctrl+s"});
+    EXPECT_EQ(content_of(name), "one two\nthreex\nz\nfour five six\n");
+    shown_name_ = name;
+    close_with("");
+    EXPECT_EQ(editor_of(window_), nullptr) << "nothing to ask";
+}
+
+TEST_F(Editor, ThePopUpChangesLines) {
+    open(folder_.file("a.txt", "\xc3\xa4one\ntwo\n\nlast"));
+    keys({"Home"});
+    choose_in_popup(45013);  // Comment
+    EXPECT_EQ(text(), "!\xc3\xa4one\ntwo\n\nlast");
+    choose_in_popup(45021);  // Upper Case
+    choose_in_popup(45014);  // Uncomment
+    EXPECT_EQ(text(), "\xc3\x84ONE\ntwo\n\nlast");
+    keys({"Down"});
+    choose_in_popup(45003);  // Transpose Lines
+    EXPECT_EQ(text(), "two\n\xc3\x84ONE\n\nlast");
+    keys({"ctrl+End"});
+    choose_in_popup(45001);  // Delete Line
+    EXPECT_EQ(text(), "two\n\xc3\x84ONE\n");
+    keys({"ctrl+a", "Delete"});
+    choose_in_popup(45002);  // Join Lines, in an empty text
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(status(3), "Line: 1  Col: 1");
+}
+
+TEST_F(Editor, ExchangesTextWithOtherPrograms) {
+    open(folder_.file("a.txt", "\xce\xb1\xce\xb2 two\n"));
+    OtherClient other;
+    keys({"shift+End"});
+    EXPECT_EQ(other.text_of("PRIMARY"), "\xce\xb1\xce\xb2 two");
+    keys({"ctrl+x"});
+    EXPECT_EQ(other.text_of("CLIPBOARD"), "\xce\xb1\xce\xb2 two");
+    EXPECT_EQ(text(), "\n");
+    other.own("CLIPBOARD", "\xc2\xb5\xe2\x82\xac");
+    key("ctrl+v");
+    poll_until([] { return text() == "\xc2\xb5\xe2\x82\xac\n"; });
+    EXPECT_EQ(status(3), "Line: 1  Col: 3");
+    other.own("PRIMARY", "mid");
+    click(middle_of(editor().text), Button2);
+    poll_until([] { return text().find("mid") != std::string::npos; });
+}
+
+TEST_F(Editor, FindsAndReplaces) {
+    open(folder_.file("a.txt", "Fe fe ofe\nFE x\n"));
+    keys({"F3"});  // nothing to search for yet: the dialog comes
+    poll_until([] { return yyDGslot(32103) >= 0 && dialog_slot(yyDGslot(32103)).shown(); });
+    const auto dialog_has_keys = [](int dialog) {
+        Window focus = 0;
+        int revert = 0;
+        XGetInputFocus(yydisplay.display, &focus, &revert);
+        const Widget widget =
+            focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
+        return widget && shell_around(widget) == dialog_slot(yyDGslot(dialog)).shell;
+    };
+    poll_until([&] { return dialog_has_keys(32103); });
+    type("fe");
+    click(middle_of(find_field(dialog_slot(yyDGslot(32103)), 1003)->widget));  // whole word
+    const auto found = [&](std::size_t begin) {
+        return selection_of(editor()) == TextSelection{begin, begin + 2};
+    };
+    key("Return");
+    poll_until([&] { return found(0); });
+    key("Return");
+    poll_until([&] { return found(3); });
+    key("Return");
+    poll_until([&] { return found(10); });
+    bool told = false;
+    {
+        const ModalVisit visit({[&told] {
+            if (!box_is_up()) return false;
+            told = box_title() == "Find fe" && box_text() == "End of text reached";
+            key("Return");
+            return true;
+        }});
+        key("Return");
+        poll_until([&] { return visit.over() && nModalWindows == 0 && dialog_has_keys(32103); });
+    }
+    EXPECT_TRUE(told);
+    key("Escape");
+    poll_until([] { return !dialog_slot(yyDGslot(32103)).shown(); });
+
+    poll_until([this] { return has_keys(); });
+    keys({"ctrl+Home", "ctrl+h"});
+    poll_until([] { return yyDGslot(32104) >= 0 && dialog_slot(yyDGslot(32104)).shown(); });
+    poll_until([&] { return dialog_has_keys(32104); });
+    DialogRecord& replace = dialog_slot(yyDGslot(32104));
+    click(middle_of(find_field(replace, 1006)->widget));
+    type("Mn");
+    click(middle_of(find_field(replace, 1004)->widget));  // match case: as well as the whole word
+    click(middle_of(find_field(replace, 1009)->widget));  // all
+    drain();
+    EXPECT_EQ(text(), "Fe Mn ofe\nFE x\n");
+    // One by one: the match that is selected gives way, and the next is selected.
+    click(middle_of(find_field(replace, 1003)->widget));
+    click(middle_of(find_field(replace, 1007)->widget));
+    poll_until([&] { return found(7); });
+    const ModalVisit visit({[] {
+        if (!box_is_up()) return false;
+        key("Return");
+        return true;
+    }});
+    click(middle_of(find_field(replace, 1007)->widget));
+    poll_until([&] { return visit.over() && nModalWindows == 0; });
+    EXPECT_EQ(text(), "Fe Mn oMn\nFE x\n");
+}
+
+TEST_F(Editor, ClosingAsksWhatBecomesOfChanges) {
+    const std::string name = folder_.file("a.txt", plain);
+    shown_name_ = name;
+    const std::string question = "Do you want to save changes to " + name + "?";
+    for (const auto& [answer, closes, saved] :
+         {std::tuple{"Escape", false, false}, std::tuple{"n", true, false},
+          std::tuple{"Return", true, true}}) {
+        SCOPED_TRACE(answer);
+        if (!editor_of(window_)) open(name);
+        keys({"q"});
+        std::string asked;
+        const ModalVisit visit({[&, answer = std::string(answer)] {
+            if (!box_is_up()) return false;
+            asked = box_text();
+            // No is behind Yes.
+            if (answer == "n") key("Tab");
+            key(answer == "n" ? "Return" : answer);
+            return true;
+        }});
+        close_window("Text - [" + name + "]");
+        const std::vector<int> types =
+            poll_until([&] { return visit.over() && nModalWindows == 0; });
+        EXPECT_EQ(asked, question);
+        EXPECT_EQ(editor_of(window_) == nullptr, closes);
+        EXPECT_EQ(content_of(name), saved ? "q" + plain : plain);
+        EXPECT_EQ(std::ranges::count(types, int{CloseRequest}), closes ? 1 : 0);
+    }
+}
