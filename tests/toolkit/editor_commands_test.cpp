@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <random>
 #include <string>
 
 using namespace tesserakit;
@@ -203,6 +204,38 @@ TEST(EditorSearch, FindsForwardAndBackwardFromThePlace) {
     for (const Case& one : cases)
         EXPECT_EQ(find_text(one.text, one.wanted, one.from, one.rules), one.match)
             << testing::PrintToString(std::wstring(one.text)) << " from " << one.from;
+}
+
+TEST(EditorSearch, FindsWhatAPlainComparisonFinds) {
+    std::mt19937 random(5);
+    const auto letters = [&random](std::size_t length) {
+        std::wstring text;
+        while (text.size() < length) text += L"aab "[random() % 4];
+        return text;
+    };
+    for (int turn = 0; turn < 2000; ++turn) {
+        const std::wstring text = letters(random() % 40);
+        const std::wstring wanted = letters(1 + random() % 5);
+        const std::size_t from = random() % (text.size() + 1);
+        const auto ends = [&](std::size_t at) { return at == text.size() || text[at] == L' '; };
+        std::size_t at = text.find(wanted, from);
+        ASSERT_EQ(find_text(text, wanted, from, {}).value_or(TextMatch{text.npos, 0}).begin, at)
+            << testing::PrintToString(text) << testing::PrintToString(wanted) << from;
+        const std::size_t last =
+            from < wanted.size() ? text.npos : text.rfind(wanted, from - wanted.size());
+        ASSERT_EQ(find_text(text, wanted, from, {.backward = true})
+                      .value_or(TextMatch{text.npos, 0})
+                      .begin,
+                  last)
+            << testing::PrintToString(text) << testing::PrintToString(wanted) << from;
+        if (wanted.front() == L' ' || wanted.back() == L' ') continue;
+        while (at != text.npos && !((at == 0 || ends(at - 1)) && ends(at + wanted.size())))
+            at = text.find(wanted, at + 1);
+        ASSERT_EQ(find_text(text, wanted, from, {.whole_word = true})
+                      .value_or(TextMatch{text.npos, 0})
+                      .begin,
+                  at);
+    }
 }
 
 TEST(EditorSearch, ReplacesEachMatchOnce) {

@@ -10,42 +10,53 @@ namespace tesserakit {
 
 namespace {
 
-/// Looks for one text, which is prepared once.
+/// Looks for one text, each character of the other being seen once: the longest beginning of the
+/// wanted text that ends at a character follows from that of the character before (Knuth, Morris
+/// and Pratt). Backward, both texts are read from their ends.
 class Searcher {
 public:
     Searcher(std::wstring_view text, std::wstring_view wanted, const SearchRules& rules)
         : text_(text), wanted_(wanted), rules_(rules) {
         std::ranges::transform(wanted_, wanted_.begin(), [this](wchar_t c) { return compared(c); });
+        if (rules_.backward) std::ranges::reverse(wanted_);
+        for (std::size_t matched = 0; const wchar_t c : wanted_) {
+            // Of the first character, no shorter beginning ends there.
+            if (!shorter_.empty()) matched = step(matched, c);
+            shorter_.push_back(matched);
+        }
     }
 
-    std::optional<TextMatch> first_from(std::size_t from) const {
-        if (!can_match()) return std::nullopt;
-        const std::size_t last = text_.size() - wanted_.size();
-        for (std::size_t at = from; at <= last; ++at)
-            if (matches(at)) return TextMatch{at, at + wanted_.size()};
-        return std::nullopt;
-    }
-
-    std::optional<TextMatch> last_before(std::size_t end) const {
-        end = std::min(end, text_.size());
-        if (!can_match() || end < wanted_.size()) return std::nullopt;
-        for (std::size_t at = end - wanted_.size() + 1; at-- > 0;)
-            if (matches(at)) return TextMatch{at, at + wanted_.size()};
+    std::optional<TextMatch> find(std::size_t from) const {
+        from = std::min(from, text_.size());
+        if (wanted_.empty()) return std::nullopt;
+        const std::size_t count = rules_.backward ? from : text_.size() - from;
+        std::size_t matched = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::size_t at = rules_.backward ? from - 1 - i : from + i;
+            matched = step(matched, compared(text_[at]));
+            if (matched < wanted_.size()) continue;
+            const std::size_t begin = rules_.backward ? at : at + 1 - wanted_.size();
+            const TextMatch match{begin, begin + wanted_.size()};
+            if (counts(match)) return match;
+            matched = shorter_[matched - 1];
+        }
         return std::nullopt;
     }
 
 private:
-    bool can_match() const { return !wanted_.empty() && wanted_.size() <= text_.size(); }
-
     wchar_t compared(wchar_t c) const {
         c = coded::shown(c);
         return rules_.match_case ? c : folded(c);
     }
 
-    bool matches(std::size_t at) const {
-        for (std::size_t i = 0; i < wanted_.size(); ++i)
-            if (compared(text_[at + i]) != wanted_[i]) return false;
-        return !rules_.whole_word || (is_border(at) && is_border(at + wanted_.size()));
+    /// How much of the wanted text ends with `c`, where `matched` of it ended before.
+    std::size_t step(std::size_t matched, wchar_t c) const {
+        while (matched > 0 && wanted_[matched] != c) matched = shorter_[matched - 1];
+        return wanted_[matched] == c ? matched + 1 : 0;
+    }
+
+    bool counts(const TextMatch& match) const {
+        return !rules_.whole_word || (is_border(match.begin) && is_border(match.end));
     }
 
     bool is_border(std::size_t at) const {
@@ -55,21 +66,23 @@ private:
     std::wstring_view text_;
     std::wstring wanted_;
     SearchRules rules_;
+    std::vector<std::size_t> shorter_;  // by the last character of a beginning of the wanted text,
+                                        // the next shorter one that ends there too
 };
 
 }  // namespace
 
 std::optional<TextMatch> find_text(std::wstring_view text, std::wstring_view wanted,
                                    std::size_t from, const SearchRules& rules) {
-    const Searcher searcher(text, wanted, rules);
-    return rules.backward ? searcher.last_before(from) : searcher.first_from(from);
+    return Searcher(text, wanted, rules).find(from);
 }
 
 ReplacedText replace_all(std::wstring_view text, std::wstring_view wanted,
-                         std::wstring_view replacement, const SearchRules& rules) {
+                         std::wstring_view replacement, SearchRules rules) {
+    rules.backward = false;
     const Searcher searcher(text, wanted, rules);
     std::vector<TextMatch> matches;
-    while (const auto match = searcher.first_from(matches.empty() ? 0 : matches.back().end))
+    while (const auto match = searcher.find(matches.empty() ? 0 : matches.back().end))
         matches.push_back(*match);
     const std::size_t length =
         text.size() - matches.size() * wanted.size() + matches.size() * replacement.size();

@@ -37,6 +37,6 @@ inline constexpr std::size_t longest_replaced = std::size_t{32} << 20;  ///< cha
 /// the direction doesn't count. Of coded text (byte_marks.hpp) what the widget shows is compared,
 /// and what isn't replaced stays as it is.
 ReplacedText replace_all(std::wstring_view text, std::wstring_view wanted,
-                         std::wstring_view replacement, const SearchRules& rules);
+                         std::wstring_view replacement, SearchRules rules);
 
 }  // namespace tesserakit
