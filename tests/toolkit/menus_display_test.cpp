@@ -144,6 +144,18 @@ TEST_F(MenusDisplay, AClickLeavesAMenuOpenAndTheNextClosesIt) {
     expect_closed_and_working();
 }
 
+TEST_F(MenusDisplay, AMenuIsWholeOnTheScreenBeforeTheNextPoll) {
+    yymnactivate(row(view), menu());
+    settle();
+    const Box& box = menu().popup(menu().record.popup_below(row(view))).box;
+    const Rectangle area{box.x, box.y, box.width, box.height};
+    const std::vector<unsigned> at_once = pixels(area);
+    drain();
+    EXPECT_EQ(at_once, pixels(area));
+    yymndeactivate();
+    drain();
+}
+
 TEST_F(MenusDisplay, ADragSelectsTheItemWhereItEnds) {
     move_to(place(file));
     press();

@@ -153,11 +153,13 @@ void yymndrawframe(const Menu& menu, int number) {
                    XmSHADOW_OUT);
 }
 
+void yymndrawpopup(Menu& menu, int popup) {
+    yymndrawframe(menu, popup);
+    for (const int row : menu.record.rows_of(popup)) yymndrawitem(menu, row);
+}
+
 void yymndraw(int window) {
-    Menu* menu = menu_of(window);
-    if (!menu) return;
-    yymndrawframe(*menu, 0);
-    for (const int row : menu->record.rows_of(0)) yymndrawitem(*menu, row);
+    if (Menu* menu = menu_of(window)) yymndrawpopup(*menu, 0);
 }
 
 void yymndrawwindow(Window window) {

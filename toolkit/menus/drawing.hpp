@@ -9,6 +9,8 @@ namespace tesserakit {
 void yymndrawitem(Menu& menu, int row);
 /// Draws the frame of a pop-up or the bar; their items draw themselves.
 void yymndrawframe(const Menu& menu, int popup);
+/// A pop-up or the bar with its items.
+void yymndrawpopup(Menu& menu, int popup);
 /// The bar of a window with its items; nothing without one.
 void yymndraw(int window);
 /// What an X window of a menu shows; nothing for another.

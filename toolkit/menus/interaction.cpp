@@ -110,6 +110,8 @@ void open_popup_of(int row) {
     const int popup = pwActiveMenu->record.popup_below(row);
     if (popup < 0 || pwActiveMenu->record.item(row).is_greyed()) return;
     yymnpositionroot(*pwActiveMenu, popup);
+    // Its exposures come behind what the application draws between two polls.
+    yymndrawpopup(*pwActiveMenu, popup);
     state.chain.push_back({popup, -1});
 }
 
@@ -402,8 +404,10 @@ void yymndeactivate() {
 }
 
 void yymngrabmaintain() {
-    if (pwActiveMenu && state.iGrabPointer)
-        XAllowEvents(yydisplay.display, SyncPointer, CurrentTime);
+    if (!pwActiveMenu) return;
+    if (state.iGrabPointer) XAllowEvents(yydisplay.display, SyncPointer, CurrentTime);
+    // What the menu shows doesn't wait for the application's next frame.
+    XFlush(yydisplay.display);
 }
 
 int yymnselect(int row) {
