@@ -4,6 +4,7 @@
 #include "app/identifiers.hpp"
 #include "app/program_state.hpp"
 #include "app/text_windows.hpp"
+#include "app/write_bitmap.hpp"
 #include "common/safe_file.hpp"
 #include "scene/wcfgl_atom_tree.hpp"
 #include "scene/wcfgl_bond_tree.hpp"
@@ -36,6 +37,7 @@ bool agreed() { return winfodialog(4) == 1; }
 // ---- files --------------------------------------------------------------------------------------
 
 constexpr std::string_view structure_files = "Gemwright Input File|*.gwr|";
+constexpr std::string_view picture_files = "Bitmap file|*.bmp|";
 constexpr int for_opening = FileMustExist | FileKeepDirectory | FilePrompting;
 constexpr int stored_only = 32;  ///< a bit that the file box takes and makes nothing of
 constexpr int for_saving = stored_only | FileKeepDirectory | FilePrompting | FileSaving;
@@ -47,9 +49,10 @@ void warn(std::string_view file, std::string_view text, std::string_view title) 
 /// The name that the user chooses, the box beginning with the current one. Absent when the box is
 /// cancelled, and, with a message, for a name that current_file_name can't hold as it is: it would
 /// become that of another file.
-std::optional<FileName> ask_for_file(int flags, std::string_view title) {
+std::optional<FileName> ask_for_file(int flags, std::string_view title,
+                                     std::string_view filter = structure_files) {
     std::string name(current_file_name.trimmed());
-    wselectfile2(structure_files, flags, name, title);
+    wselectfile2(filter, flags, name, title);
     if (!agreed()) return std::nullopt;
     const FileName kept{std::string_view(name)};
     if (kept.trimmed() == name) return kept;
@@ -117,6 +120,21 @@ void close_file() {
     wcfgl_atom_tree::empty_atom_list();
     wcfgl_bond_tree::empty_bond_list();
     wcfgl_matom_tree::empty_matom_list();
+}
+
+/// Of a picture that couldn't be written the name isn't taken over either. The window is as it was
+/// before the user is told anything.
+void export_bitmap() {
+    constexpr std::string_view title = "Save as Bitmap";
+    const auto name = ask_for_file(for_saving, title, picture_files);
+    wcfgl_display::leave_context();
+    const std::string reason = name ? write_bitmap(name->trimmed()) : std::string();
+    return_to_window();
+    if (!name) return;
+    if (reason.empty())
+        take_picture_name(*name);
+    else
+        warn(name->trimmed(), "The picture could not be saved.\n" + reason, title);
 }
 
 /// Into the working directory; the next listing replaces it.
@@ -236,7 +254,6 @@ void nothing() {}
 
 void exit_program() { ending = close_text_windows(); }
 
-/// item::export_bitmap has no row: the export isn't there.
 constexpr struct {
     int item;
     void (*handler)();
@@ -251,6 +268,7 @@ constexpr struct {
     {item::save_button,         save_file},
     {item::save_as,             save_file_as},
     {item::save_as_button,      save_file_as},
+    {item::export_bitmap,       export_bitmap},
     {item::exit,                exit_program},
     {item::reload_button,       reload_file},
     {item::edit_button,         edit_current_file},

@@ -108,7 +108,7 @@ void act(int type, const MessageRecord& message) {
 /// comes first: the reading must not fill in for a number that is just being typed.
 void read_continuously() {
     const wcfgl_metrix::Box box = box_in_fields();
-    wcfgl_io::read_gwr_file(current_file_name);
+    wcfgl_io::read_gwr_file(followed_file_name());
     define_box(box);
     wdialogselect(dialog::main);
     wdialogputstring(field::information, "READ CONTINUOUS");

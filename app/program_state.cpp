@@ -20,6 +20,25 @@ constinit int child_window = 0;
 constinit int list_window = 0;
 constinit bool ending = false;
 
+namespace {
+
+struct Export {
+    FileName picture;
+    FileName structure;  // the current file before it
+};
+constinit Export last_export;
+
+}  // namespace
+
+void take_picture_name(const FileName& name) {
+    last_export = {name, followed_file_name()};
+    current_file_name = name;
+}
+
+const FileName& followed_file_name() {
+    return current_file_name == last_export.picture ? last_export.structure : current_file_name;
+}
+
 std::optional<FileName> file_name_from_command_line(int argc, const char* const* argv) {
     std::string name;
     for (int i = 1; i < argc; ++i) {

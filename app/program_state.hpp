@@ -11,6 +11,12 @@ namespace gemwright {
 
 /// Blank: no file. A name set by the command line or a file dialog is never unset.
 extern wcfgl_io::FileName current_file_name;
+/// An exported picture becomes the current file, as it always has: Save writes the structure over
+/// it and Reload reads it.
+void take_picture_name(const wcfgl_io::FileName& name);
+/// What the continuous read reads: the current file or, where that is an exported picture, the one
+/// before it. The picture in the window would vanish with the next reading.
+const wcfgl_io::FileName& followed_file_name();
 /// Turns the model; the picture's matrix is always rebuilt from it.
 extern Quaternion view_quaternion;
 /// 1 rotate, 2 zoom, anything else translate: the choice of the main dialog's radio group.

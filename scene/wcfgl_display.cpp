@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace wcfgl_display {
 
@@ -33,6 +34,10 @@ namespace {
 constexpr Colour ambient_colour{0.05f, 0.05f, 0.05f, 1.0f};
 constexpr int axis_letters_font = 102;
 constexpr float axis_letters_depth = 0.1f;
+
+/// The axes set only their diffuse colour, and take the ambient one of what the frame before has
+/// drawn last: in a new context they would come out in other colours.
+constinit std::optional<Colour> ambient_of_last_frame;
 
 void set_material() {
     glMaterialfv(GL_FRONT, GL_SPECULAR, specular_colour.data());
@@ -94,9 +99,11 @@ void display_init() {
     init_context();
 }
 
-void init_context() {
-    glReadBuffer(GL_BACK);
-    glDrawBuffer(GL_BACK);
+void init_context(bool back_buffer) {
+    if (back_buffer) {
+        glReadBuffer(GL_BACK);
+        glDrawBuffer(GL_BACK);
+    }
     glEnable(GL_LIGHTING);
     glEnable(GL_LIGHT0);
     glEnable(GL_DEPTH_TEST);
@@ -108,6 +115,11 @@ void init_context() {
     glEnable(GL_NORMALIZE);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     tesserakit::wgltextfont(axis_letters_font, {}, axis_letters_depth);
+    if (ambient_of_last_frame) glMaterialfv(GL_FRONT, GL_AMBIENT, ambient_of_last_frame->data());
+}
+
+void leave_context() {
+    glGetMaterialfv(GL_FRONT, GL_AMBIENT, ambient_of_last_frame.emplace().data());
 }
 
 void display() {

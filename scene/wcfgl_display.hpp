@@ -23,8 +23,13 @@ extern int shininess;                       ///< of the front material, 0 to 128
 void display_init();
 
 /// The part of display_init that belongs to a context: to be called again when another one has
-/// become current. The view stays.
-void init_context();
+/// become current. The view stays. `back_buffer`: the frame is drawn where wglswapbuffers shows it
+/// from; a bitmap has no such buffer, and keeps the one that the toolkit has chosen.
+void init_context(bool back_buffer = true);
+
+/// To be called before the context of the last frame goes away: what that frame leaves to the next
+/// one, the context that init_context sets up then has.
+void leave_context();
 
 /// Draws and shows a whole frame, rebuilding lists that are stale, and clears the change flags of
 /// wcfgl_metrix.

@@ -1,8 +1,10 @@
 #include "app/commands.hpp"
 
 #include "app/program_state.hpp"
+#include "scene/wcfgl_objects_definition.hpp"
 #include "scene/wcfgl_trackball.hpp"
 #include "tests/app/loaded_dialogs.hpp"
+#include "tests/support/gl_record.hpp"
 #include "tests/support/temp_file.hpp"
 #include "toolkit/resource/yyrc.hpp"
 
@@ -95,12 +97,11 @@ const std::string whole =
     "{\nLATTICE P\nK 0 0 0.5\nSYMM x,y,z\nMSYM u,v,w,0.0\n"
     "MATOM M1 FE 0 0 0 SCALE 1\nSKP 1 1 1 0 0 0 0 0 0\n}\n";
 
-// The bitmap export is still to come.
-TEST_F(Commands, EveryItemAndButtonHasOneButTheExport) {
+TEST_F(Commands, EveryItemAndButtonHasOne) {
     int count = 0;
     for (const auto& [label, item] : choices()) {
         ++count;
-        EXPECT_EQ(run_command(item), label != "Export bitmap") << label;
+        EXPECT_TRUE(run_command(item)) << label;
     }
     EXPECT_EQ(count, 22 + 21);
     for (const int head : {0, 40001, 40008, 40010, 40011, 40022, 40024, 40027, 40119})
@@ -328,11 +329,71 @@ TEST_F(Commands, CloseClosesNothingWhenSavingFails) {
     EXPECT_EQ(wcfgl_metrix::current_space_group->num_spg, 6);
 }
 
-TEST_F(Commands, ExportTouchesNothing) {
-    const std::string name = open(whole);
-    choose("Export bitmap");
-    EXPECT_THAT(dialog_record::calls(), IsEmpty());
-    EXPECT_EQ(current_file_name.trimmed(), name);
+class Export : public Commands {
+protected:
+    Export() : name_(open(whole)) {
+        wcfgl_display::current_screen_width = 640;
+        wcfgl_display::current_screen_height = 480;
+    }
+    ~Export() override { dialog_record::no_picture_because.clear(); }
+    void run(int button) {
+        gl_record::clear();
+        answer({.button = button, .file = folder_.name("a.png")});
+        choose("Export bitmap");
+    }
+    static void expect_window_back() {
+        EXPECT_THAT(calls_of("igrselect").back(), "3 101.1001");
+        EXPECT_EQ(gl_record::texts({"wglselect"}).back(), "wglselect(3, 1001, 2)");
+        EXPECT_THAT(gl_record::texts({"glDrawBuffer"}), ElementsAre("glDrawBuffer(1029)"))
+            << "GL_BACK, and of the window only";
+        EXPECT_EQ(wcfgl_display::current_screen_width, dialog_record::drawable_width);
+        EXPECT_EQ(wcfgl_display::current_centroffset, (std::array{64, -32}));
+    }
+
+    std::string name_;
+};
+
+TEST_F(Export, DrawsAndSavesAndTakesTheName) {
+    using namespace wcfgl_objects_definition;
+    wcfgl_display::current_centroffset = {64, -32};
+    switch_lowres_objects();  // as in the middle of a drag
+    run(1);
+    EXPECT_THAT(calls_of("wselectfile2"),
+                ElementsAre("43 Bitmap file|*.bmp| Save as Bitmap " + name_));
+    EXPECT_THAT(calls_of("wbitmapcreate"), ElementsAre("600 480"));
+    EXPECT_THAT(calls_of("igrselect"), ElementsAre("2 101.7", "3 101.1001"));
+    EXPECT_THAT(calls_of("igrsaveimage"), ElementsAre(folder_.name("a.png")));
+    EXPECT_THAT(calls_of("wbitmapdestroy"), ElementsAre("7"));
+    EXPECT_THAT(gl_record::texts({"wglselect", "glViewport", "wglswapbuffers"}),
+                ElementsAre("wglselect(2, 7, 0)", "glViewport(60, -90, 600, 600)",
+                            "wglswapbuffers()", "wglselect(0, 0, 0)", "wglselect(3, 1001, 2)"));
+    // One sphere of each quality was built: the fine one for the picture, the coarse one behind it.
+    EXPECT_THAT(gl_record::texts({"gluSphere"}),
+                ElementsAre(HasSubstr("20, 20"), HasSubstr("6, 6")));
+    EXPECT_EQ(highres, 0);
+    expect_window_back();
+    EXPECT_THAT(calls_of("wmessagebox"), IsEmpty());
+    // Kept: what is saved or reloaded next is the picture's file.
+    EXPECT_EQ(current_file_name.trimmed(), folder_.name("a.png"));
+    EXPECT_EQ(followed_file_name().trimmed(), name_);
+    run(1);
+    EXPECT_EQ(followed_file_name().trimmed(), name_) << "also after a second one";
+    switch_highres_objects();
+}
+
+TEST_F(Export, CancelledOrFailedLeavesTheNameAndTells) {
+    wcfgl_display::current_centroffset = {64, -32};
+    run(2);
+    EXPECT_THAT(calls_of("igrsaveimage"), IsEmpty());
+    expect_window_back();
+    EXPECT_THAT(calls_of("wmessagebox"), IsEmpty());
+    dialog_record::no_picture_because = "No space left on device";
+    run(1);
+    expect_window_back();
+    EXPECT_THAT(calls_of("wmessagebox"),
+                ElementsAre(testing::AllOf(HasSubstr(folder_.name("a.png") + "\n"),
+                                           HasSubstr("No space left on device"))));
+    EXPECT_EQ(current_file_name.trimmed(), name_);
 }
 
 TEST_F(Commands, AListingOfMomentsReplacesTheLastOne) {

@@ -265,6 +265,14 @@ TEST_F(ContinuousRead, FollowsTheFileAtEachIdlePassWithoutWaiting) {
     EXPECT_EQ(text({dialog::main, field::information}), "READ CONTINUOUS");
 }
 
+// Its file is then the current one, and holds no structure.
+TEST_F(ContinuousRead, GoesOnWithTheStructureBehindAnExportedPicture) {
+    folder_.file("live.png", "\211PNG");
+    take_picture_name(std::string_view(folder_.name("live.png")));
+    run(1);
+    EXPECT_EQ(wcfgl_atom_tree::get_atom_info(1).label.trimmed(), "A");
+}
+
 TEST_F(ContinuousRead, LeavesTheViewAndTakesTheBoxOfTheDialog) {
     const Matrix4f before = wcfgl_trackball::current_rot_matrix;
     run(1);

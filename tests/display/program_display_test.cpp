@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <png.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -279,7 +280,7 @@ void choose_in_file_menu(int steps) {
     for (int i = 0; i < steps; ++i) key("Down");
     key("Return");
 }
-constexpr int open_item = 1, close_item = 2, save_as_item = 4, exit_item = 6;
+constexpr int open_item = 1, close_item = 2, save_as_item = 4, export_item = 5, exit_item = 6;
 
 /// Buttons of 22 pixels, the first two pixels from the toolbar's corner. The toolbar of the scene
 /// is to the left of the main dialog, that of the file above both.
@@ -353,6 +354,51 @@ TEST(ProgramDisplay, ARoundThroughTheMenusEndsInAFileThatReadsBack) {
     Program again({saved});
     EXPECT_TRUE(shows(greenish));
     EXPECT_EQ(again.close_by_window_manager(), 0);
+}
+
+/// Colours of a PNG file's pixels as 0xrrggbb; none until it is whole.
+std::vector<unsigned> pixels_of_png(const std::string& name) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (png_image_begin_read_from_file(&image, name.c_str()) == 0) return {};
+    image.format = PNG_FORMAT_RGB;
+    std::vector<unsigned char> bytes(PNG_IMAGE_SIZE(image));
+    png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr);
+    EXPECT_EQ(image.warning_or_error, 0U) << image.message;
+    std::vector<unsigned> colours;
+    for (std::size_t at = 0; at < bytes.size(); at += 3)
+        colours.push_back(
+            static_cast<unsigned>(bytes[at] << 16 | bytes[at + 1] << 8 | bytes[at + 2]));
+    return colours;
+}
+
+// In a window whose picture is as large as the exported one both are the same, pixel for pixel, and
+// the window stays so.
+TEST(ProgramDisplay, AnExportIsTheWindowsPictureAndLeavesItAsItIs) {
+    const TempDirectory folder;
+    Program program({std::string(GEMWRIGHT_EXAMPLES) + "/mno.gwr"});
+    Rectangle shown = picture();
+    const Rectangle window = window_titled(title);
+    resize_window(title, window.width + 600 - shown.width, window.height + 480 - shown.height);
+    ASSERT_TRUE(comes_to_show(window, [&](const auto&) {
+        shown = picture_in(window_titled(title));
+        return shown.width == 600 && shown.height == 480;
+    }));
+    click(field_at(shown, 200, 12));  // gives the window the keys
+    const std::vector<unsigned> before = at_rest(shown);
+    ASSERT_GT(lit(before), 600 * 480 / 50);
+    for (const char* name : {"first.png", "second.png"}) {
+        choose_in_file_menu(export_item);
+        answer_file_box("Save as Bitmap", folder.name(name));
+        EXPECT_TRUE(comes_to_show(shown, [&](const auto&) {
+            return pixels_of_png(folder.name(name)) == before;
+        })) << name;
+        EXPECT_TRUE(at_rest(shown) == before);
+        // The second time with the file read again and again.
+        click_field(shown, continuous_read);
+        EXPECT_TRUE(at_rest(shown) == before);
+    }
+    EXPECT_EQ(program.close_by_window_manager(), 0);
 }
 
 }  // namespace

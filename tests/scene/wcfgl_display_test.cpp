@@ -60,6 +60,20 @@ TEST(DisplayInit, TheFrameOfAnEarlierBoxSurvivesAndTheModelStandsUpright) {
     EXPECT_EQ(wcfgl_trackball::current_rot_matrix[0], 3.0f);
 }
 
+TEST(DisplayInit, ANewContextTakesOverWhatOneFrameLeavesToTheNext) {
+    const Colour green{0, 1, 0, 1};
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, green.data());
+    leave_context();
+    const Colour grey{0.2f, 0.2f, 0.2f, 1};
+    glMaterialfv(GL_FRONT, GL_AMBIENT, grey.data());  // as a new context has it
+    init_context();
+    wcfgl_metrix::define_cell({5, 5, 5}, {90, 90, 90});
+    gl_record::clear();
+    display();
+    ASSERT_FALSE(gl_record::drawn().empty());
+    EXPECT_EQ(gl_record::drawn().back().ambient, green) << "the axes";
+}
+
 TEST(Display, TheViewportIsASquareOnTheLongerSide) {
     EXPECT_EQ(viewport(600, 400), "glViewport(0, -100, 600, 600)");
     EXPECT_EQ(viewport(400, 600), "glViewport(0, -100, 600, 600)");  // flush left, moved down

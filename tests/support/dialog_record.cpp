@@ -229,6 +229,7 @@ void set_radio(Dialog& dialog, int identifier) {
 }  // namespace
 
 std::function<void()> when_idle;
+std::string no_picture_because;
 
 const std::vector<std::string>& calls() { return record.calls; }
 
@@ -340,6 +341,20 @@ void igrselect(int type, std::optional<int> number) {
 }
 
 int winfodrawable(int item) { return item == 4 ? drawable_width : item == 5 ? drawable_height : 0; }
+
+int wbitmapcreate(int width, int height) {
+    note("wbitmapcreate", {std::to_string(width), std::to_string(height)});
+    return 7;
+}
+
+void wbitmapdestroy(int handle) { note("wbitmapdestroy", {std::to_string(handle)}); }
+
+void igrsaveimage(std::string_view filename, std::string* reason) {
+    note("igrsaveimage", {std::string(filename)});
+    if (!no_picture_because.empty()) *reason = no_picture_because;
+}
+
+std::string_view winfoerrormessage(int) { return "an error"; }
 
 // Messages
 

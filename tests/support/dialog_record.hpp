@@ -69,6 +69,11 @@ struct Answer {
 };
 void answer(const Answer& answer);
 
+// Pictures
+
+/// What igrsaveimage answers as its reason, having failed; empty: it saves.
+extern std::string no_picture_because;
+
 // Messages and time
 
 /// Queues a message for wmessagepeek.

@@ -384,6 +384,10 @@ void glMaterialfv(GLenum face, GLenum property, const GLfloat* values) {
     note("glMaterialfv", {number(face), number(property)},
          {values, gl_record::parameters_of(property)});
 }
+void glGetMaterialfv(GLenum, GLenum, GLfloat* values) {
+    note_at_once("glGetMaterialfv");
+    std::ranges::copy(recorder.context.front_ambient, values);
+}
 void glMateriali(GLenum face, GLenum property, GLint value) {
     note("glMateriali", {number(face), number(property), number(value)});
 }

@@ -104,6 +104,7 @@ void glClearColor(GLclampf, GLclampf, GLclampf, GLclampf) { count(); }
 void glClear(GLbitfield) { count(); }
 
 void glMaterialfv(GLenum, GLenum, const GLfloat*) { count(); }
+void glGetMaterialfv(GLenum, GLenum, GLfloat*) { count(); }
 void glMateriali(GLenum, GLenum, GLint) { count(); }
 void glLightfv(GLenum, GLenum, const GLfloat*) { count(); }
 void glColor4fv(const GLfloat*) { count(); }
