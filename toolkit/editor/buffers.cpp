@@ -17,13 +17,6 @@ int TextBuffers::free_slot() const {
     return free == buffers_.end() ? -1 : static_cast<int>(free - buffers_.begin());
 }
 
-int TextBuffers::slot_of(const std::string& name) const {
-    if (name.empty()) return -1;
-    const auto found = std::ranges::find_if(
-        buffers_, [&](const auto& buffer) { return buffer && buffer->name == name; });
-    return found == buffers_.end() ? -1 : static_cast<int>(found - buffers_.begin());
-}
-
 void TextBuffers::yyeditstorebuffer(int slot, TextBuffer buffer) {
     if (exists(slot)) buffers_[index(slot)] = std::move(buffer);
 }

@@ -31,8 +31,6 @@ class TextBuffers {
 public:
     /// A free slot, -1 when all are taken.
     int free_slot() const;
-    /// The slot of a file, -1 for none; texts without a file are never found.
-    int slot_of(const std::string& name) const;
     /// Into a slot, in place of what stood there. A slot that doesn't exist takes nothing.
     void yyeditstorebuffer(int slot, TextBuffer buffer);
     /// Takes the text out, but not its name, which the menu shows: the slot stays taken. Nothing

@@ -51,7 +51,6 @@ public:
     /// change itself must have been told.
     void mark(std::size_t position, std::wstring_view coded_text);
 
-    bool has_crlf() const { return crlf_; }  ///< the file's own line end
     /// Characters of the text that aren't what the file has: bytes shown as U+FFFD.
     std::size_t replaced_bytes() const;
 
@@ -59,7 +58,7 @@ private:
     using Marks = MovingPositions<std::uint16_t>;  // of a byte, or `other_end`
 
     Marks marks_;
-    bool crlf_ = false;
+    bool crlf_ = false;  // the file's own line end
 };
 
 }  // namespace tesserakit

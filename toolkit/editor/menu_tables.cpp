@@ -176,8 +176,6 @@ bool is_forbidden(int identifier, int flags) {
 
 }  // namespace
 
-std::span<const DynamicMenuRow> editor_menu_rows() { return menu_rows; }
-
 std::unique_ptr<MenuRecord> editor_menu(int flags, std::span<const ViewEntry> entries) {
     if (entries.empty()) return load(menu_rows, flags);
     std::vector<DynamicMenuRow> rows;

@@ -66,9 +66,6 @@ struct ViewEntry {
     bool current = false;
 };
 
-/// The rows of the menu as they stand in the source, for all flags.
-std::span<const DynamicMenuRow> editor_menu_rows();
-
 /// The whole menu with prompts and accelerators; no entry counts as one text without a name.
 std::unique_ptr<MenuRecord> editor_menu(int flags, std::span<const ViewEntry> entries);
 
