@@ -9,16 +9,21 @@
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
+#include <GL/glx.h>
 #include <X11/Xutil.h>
 #include <Xm/Label.h>
 #include <Xm/Xm.h>
+#include <dlfcn.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <clocale>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -169,6 +174,7 @@ public:
     OtherServer(const OtherServer&) = delete;
     OtherServer& operator=(const OtherServer&) = delete;
     bool runs() const { return name_.size() > 1; }
+    pid_t process() const { return process_; }
 
 private:
     pid_t process_ = -1;
@@ -194,6 +200,58 @@ TEST(WithoutOpenGLDisplay, OneLineSaysWhatIsMissing) {
             },
             testing::ExitedWithCode(0), "^No OpenGL: the X display has no [^\n]*\n$");
     }
+}
+
+namespace {
+
+/// What the OpenGL library does when it is asked for a visual; its own way when empty.
+std::function<XVisualInfo*()> visual_for_opengl;
+
+/// As the library does on an answer that hasn't come.
+XVisualInfo* crash() {
+    volatile std::uintptr_t address = 64;
+    return *reinterpret_cast<XVisualInfo* volatile*>(address);
+}
+
+}  // namespace
+
+/// Found before the library's, for the whole of this program.
+extern "C" XVisualInfo* glXChooseVisual(Display* display, int screen, int* wanted) {
+    if (visual_for_opengl) return visual_for_opengl();
+    static const auto library =
+        reinterpret_cast<decltype(&glXChooseVisual)>(dlsym(RTLD_NEXT, "glXChooseVisual"));
+    return library(display, screen, wanted);
+}
+
+TEST(WithoutOpenGLDisplay, NoVisualIsToldOnceWithTheDepth) {
+    EXPECT_EXIT(
+        {
+            visual_for_opengl = [] { return nullptr; };
+            windowopen2({.width = 300, .height = 200});
+            for (const int mode : {0, 2}) wglselect(1, 0, mode);
+            std::_Exit(infoerror(1) == 1035 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0),
+        "^No OpenGL: the X display has no visual for it [^\n]*depth is 24[^\n]*\n$");
+}
+
+TEST(WithoutOpenGLDisplay, AServerThatGoesInsideTheLibraryEndsTheProgramWithItsMessage) {
+    const OtherServer server({"-screen", "0", "800x600x24"});
+    ASSERT_TRUE(server.runs());
+    const auto start = [](const std::function<XVisualInfo*()>& choose) {
+        visual_for_opengl = choose;
+        windowopen2({.width = 300, .height = 200});
+        wglselect(1, 0, 2);
+    };
+    const auto crash_without_server = [&server] {
+        kill(server.process(), SIGKILL);
+        pollfd connection{ConnectionNumber(yydisplay.display), POLLRDHUP, 0};
+        poll(&connection, 1, -1);
+        return crash();
+    };
+    EXPECT_EXIT(start(crash), testing::KilledBySignal(SIGSEGV), "^$") << "no lost display";
+    EXPECT_EXIT(start(crash_without_server), testing::ExitedWithCode(1),
+                "^Lost connection to the X display.\n$");
 }
 
 INSTANTIATE_TEST_SUITE_P(Locales, LocaleDisplay,
