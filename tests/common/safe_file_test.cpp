@@ -247,6 +247,11 @@ TEST(SafeFile, AKilledSavingInPlaceLeavesTheOldTextBesideUntilTheFileIsWhole) {
     EXPECT_EQ(kept(), "the old text");
     expect_saved(name);
     EXPECT_EQ(names_in(directory), (std::set<std::string>{"a", "link", "other"}));
+    // Also when the next one is a renaming.
+    save_and_be_killed(name, 40);
+    fs::remove(directory.name("link"));
+    expect_saved(name);
+    EXPECT_EQ(names_in(directory), (std::set<std::string>{"a", "other"}));
 }
 
 TEST(SafeFile, WhatAnotherProcessIsSavingIsLeftToIt) {

@@ -59,6 +59,8 @@ TEST(Generators, LatticeFollowsFromTheVectors) {
     EXPECT_EQ(letter_of(closed({"x+1,y,z-2"})), 'P');
     // A mixture is no conventional lattice.
     EXPECT_EQ(letter_of(closed({"x+1/2,y+1/2,z+1/2", "x,y+1/2,z+1/2"})), 'Z');
+    EXPECT_EQ(letter_of(closed({"x+2/3,y+1/3,z+1/3", "x+1/2,y+1/2,z"})), 'Z');
+    EXPECT_EQ(num_lat, 6);
 }
 
 TEST(Generators, UnconventionalVectorsAreCompleted) {

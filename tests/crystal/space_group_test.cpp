@@ -412,6 +412,7 @@ TEST(Generators, WhatTheyImplyIsFound) {
     EXPECT_EQ(generated(texts({"-x,-y,z", "-x+1/2,-y+1/2,z"})).lat_symbol.field(), "mC");
     EXPECT_EQ(generated(texts({"-x,-y,-z", "-x+1/2,-y+1/2,-z+1/2"})).lat_type.field(), "I");
     EXPECT_EQ(generated(texts({"-x,-y,z+1/4", "-x,-y,-z"})).multip, 8);
+    EXPECT_EQ(generated(texts({"-x+1/4,-y,z", "-x,-y,-z"})).multip, 8);
     EXPECT_EQ(generated(texts({"z,x,y", "x,y+1/2,z+1/2"})).lat_symbol.field(), "hF");
     EXPECT_EQ(generated(texts({"z,x,y", "x+1/2,y,z"})).num_lat, 8);
     // Twenty-seven lattice points have no room in the record.
