@@ -17,11 +17,18 @@ namespace {
 using namespace crystallographic_symmetry;
 using symmetry_tables::SpgrRow;
 
-/// Upper case, without blanks and underscores.
+/// Upper case, without blanks and underscores, and without the parentheses that some programs write
+/// for an index: "P 2(1)/c".
 std::string squeezed(std::string_view text) {
     std::string result;
-    for (const char c : text)
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::string_view next = text.substr(i, 3);
+        const bool index = next.size() == 3 && next[0] == '(' && next[2] == ')' && next[1] >= '1' &&
+                           next[1] <= '5';
+        if (index) i += 2;
+        const char c = index ? next[1] : next[0];
         if (c != ' ' && c != '_') result += string_utilities::raised(c);
+    }
     return result;
 }
 

@@ -89,7 +89,8 @@ TEST(TableText, SymbolsWithoutBlanksAreNoOtherGroup) {
               {"R32", 155, 18},    {"P6122", 178, 12},    {"P21/c", 14, 4},
               {"Fm-3m", 225, 192}, {"Pnma", 62, 8},       {"P62", 171, 6},
               {"P42", 77, 4},      {"P6_3/mmc", 194, 24}, {"I4_1/amd", 141, 32},
-              {"Fd3m", 227, 192},  {"P2_12_12_1", 19, 4}, {"Ia-3d", 230, 96}};
+              {"Fd3m", 227, 192},  {"P2_12_12_1", 19, 4}, {"Ia-3d", 230, 96},
+              {"P2(1)/c", 14, 4},  {"P 2(1)", 4, 2},      {"P4(3)2(1)2", 96, 8}};
     for (const auto& [text, number, multip] : cases) {
         const Space_Group_Type group = built(table_text(text));
         EXPECT_EQ(group.num_spg, number) << text;
