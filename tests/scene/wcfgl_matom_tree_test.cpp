@@ -334,8 +334,9 @@ TEST(Arrows, OneARecordOrOneForTheGroupInTheFirstColour) {
     const auto apart = arrows(push({}, two));
     ASSERT_EQ(apart.size(), 1u);  // a moment of zero has none
     EXPECT_EQ(apart[0].colour, (Colour{0, 0, 1, 1}));
-    const auto grouped = arrows(push({}, two, 1));
+    const auto grouped = arrows(push({}, two, 1, 0.5f));
     ASSERT_EQ(grouped.size(), 1u);
+    EXPECT_NEAR(grouped[0].tip[2] - grouped[0].tail[2], 1.0, 1e-5);
     EXPECT_EQ(grouped[0].colour, (Colour{1, 0, 0, 1}));
     EXPECT_TRUE(arrows(push({}, {component({0, 0, 0.0001f})})).empty());
     EXPECT_EQ(arrows(push({}, {component({0, 0, 0.00011f})})).size(), 1u);
