@@ -63,6 +63,7 @@ ItemWidths widths_of(const MenuItem& item, const ItemText& text) {
 void lay_out_popup(Menu& menu, int number) {
     const std::vector<int> rows = menu.record.rows_of(number);
     std::vector<ItemWidths> widths;
+    widths.reserve(rows.size());
     for (const int row : rows)
         widths.push_back(widths_of(menu.record.item(row), menu.item(row).text));
     const PopUpLayout layout = yymnpopupwidth(widths, metrics());

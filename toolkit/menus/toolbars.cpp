@@ -216,6 +216,7 @@ void yymntbar(int side, int toolbar, int window) {
     std::vector<int> identifiers(static_cast<std::size_t>(count));
     yyrctoolbarload(toolbar, identifiers);
     std::vector<std::string> tooltips;
+    tooltips.reserve(identifiers.size());
     for (const int identifier : identifiers) tooltips.push_back(string_of(identifier));
     std::vector<DynamicToolbarRow> rows;
     for (std::size_t i = 0; i < identifiers.size(); ++i)

@@ -42,7 +42,7 @@ std::vector<Box> label_boxes(const TabRec& self) {
     return boxes;
 }
 
-void draw_tab(Widget widget, int index, Box box) {
+void draw_tab(Widget widget, const TextFont& font, int index, Box box) {
     const TabRec& self = record(widget);
     const TabContents& contents = *self.tab.contents;
     const bool front = index == contents.front;
@@ -63,14 +63,13 @@ void draw_tab(Widget widget, int index, Box box) {
     for (GC gc : {self.primitive.top_shadow_GC, self.primitive.bottom_shadow_GC})
         XSetClipMask(display_of(widget), gc, 0 /* no mask */);
     const std::string& label = contents.labels[static_cast<std::size_t>(index)];
-    const int x = box.x + (box.width - text_width(*contents.font, label)) / 2;
-    const int baseline =
-        box.y + (box.height - contents.font->height()) / 2 + contents.font->measures.ascent;
-    draw_text(*contents.font, window_of(widget),
-              XtIsSensitive(widget) ? self.tab.text : self.tab.grey_text, x, baseline, label);
+    const int x = box.x + (box.width - text_width(font, label)) / 2;
+    const int baseline = box.y + (box.height - font.height()) / 2 + font.measures.ascent;
+    draw_text(font, window_of(widget), XtIsSensitive(widget) ? self.tab.text : self.tab.grey_text,
+              x, baseline, label);
     if (front && self.primitive.highlighted)
         XDrawRectangle(display_of(widget), window_of(widget), self.tab.text, x - 3, box.y + 3,
-                       static_cast<unsigned>(text_width(*contents.font, label) + 5),
+                       static_cast<unsigned>(text_width(font, label) + 5),
                        static_cast<unsigned>(box.height - 5));
 }
 
@@ -80,12 +79,15 @@ void redisplay(Widget widget, XEvent*, Region) {
     const int strip = contents.font ? tab_strip_height(*contents.font) : 0;
     draw_shadows(widget, self.primitive.top_shadow_GC, self.primitive.bottom_shadow_GC, 0, strip,
                  self.core.width, self.core.height - strip, frame, XmSHADOW_OUT);
+    if (!contents.font) return;
     const std::vector<Box> boxes = label_boxes(self);
+    const auto draw = [&](int i) {
+        draw_tab(widget, *contents.font, i, boxes[static_cast<std::size_t>(i)]);
+    };
     const int count = static_cast<int>(boxes.size());
     for (int i = 0; i < count; ++i)
-        if (i != contents.front) draw_tab(widget, i, boxes[static_cast<std::size_t>(i)]);
-    if (contents.front < count)
-        draw_tab(widget, contents.front, boxes[static_cast<std::size_t>(contents.front)]);
+        if (i != contents.front) draw(i);
+    if (contents.front < count) draw(contents.front);
 }
 
 void redraw(Widget widget) {

@@ -13,13 +13,17 @@ namespace {
 std::string wrapped(const std::string& text, int width, int lines) {
     std::string result;
     std::string line;
+    std::string longer;
     std::size_t start = 0;
     while (start < text.size()) {
         const std::size_t end = std::min(text.find(' ', start), text.size());
         const std::string word = text.substr(start, end - start);
-        const std::string longer = line.empty() ? word : line + ' ' + word;
+        longer = line;
+        if (!line.empty()) longer += ' ';
+        longer += word;
         if (lines > 1 && !line.empty() && text_width(wFonts.dialog, longer) > width) {
-            result += line + '\n';
+            result += line;
+            result += '\n';
             line = word;
             --lines;
         } else {
