@@ -267,7 +267,9 @@ void yyEditFindNext(EditorRecord& editor) {
 
 bool search_message(const Mail& mail) {
     const bool of_dialog = mail.win == FindDialog || mail.win == ReplaceDialog;
-    if (!of_dialog || (mail.type != PushButton && mail.type != FieldChanged)) return false;
+    // Opened by no editor, such a dialog is the application's like any other.
+    if (state.owner < 0 || !of_dialog) return false;
+    if (mail.type != PushButton && mail.type != FieldChanged) return false;
     EditorRecord* editor = editor_of(state.owner);
     if (mail.type == PushButton && editor && !state.waiting) act(*editor, mail.win, mail.value1);
     return true;
