@@ -16,15 +16,13 @@ namespace {
 constexpr std::string_view replacement = "\xef\xbf\xbd";  // U+FFFD
 constexpr std::array fallback_locales{"C.UTF-8", "en_US.UTF-8"};
 
-bool in_utf8() { return std::string_view(nl_langinfo(CODESET)) == "UTF-8"; }
-
 /// "de_DE.ISO-8859-1" and "de_DE@euro" as "de_DE.UTF-8".
 std::string utf8_sister(std::string_view locale) {
     return std::string(locale.substr(0, locale.find_first_of(".@"))) + ".UTF-8";
 }
 
 bool use_utf8_locale(const char* locale) {
-    return std::setlocale(LC_CTYPE, locale) && in_utf8() && XSupportsLocale();
+    return std::setlocale(LC_CTYPE, locale) && locale_is_utf8() && XSupportsLocale();
 }
 
 bool continues(char c) { return (static_cast<unsigned char>(c) & 0xc0U) == 0x80U; }
@@ -70,6 +68,8 @@ private:
 
 }  // namespace
 
+bool locale_is_utf8() { return std::string_view(nl_langinfo(CODESET)) == "UTF-8"; }
+
 const char* use_locale(const char* language) {
     if (use_utf8_locale(language)) return std::setlocale(LC_CTYPE, nullptr);
     const char* own = std::setlocale(LC_CTYPE, language);
@@ -105,12 +105,12 @@ std::string valid_utf8(std::string_view text) {
 
 std::string to_locale(std::string_view text) {
     std::string valid = valid_utf8(text);
-    if (in_utf8()) return valid;
+    if (locale_is_utf8()) return valid;
     return Conversion(nl_langinfo(CODESET), "UTF-8", "?")(std::move(valid), utf8_length);
 }
 
 std::string from_locale(std::string_view text) {
-    if (in_utf8()) return std::string(text);
+    if (locale_is_utf8()) return std::string(text);
     const auto byte = [](std::string_view) { return std::size_t{1}; };
     return Conversion("UTF-8", nl_langinfo(CODESET), replacement)(std::string(text), byte);
 }

@@ -20,6 +20,9 @@ const char* use_locale(const char* language);
 /// none: a lone or cut sequence, one longer than it need be, a surrogate, a number above the last
 /// character's.
 std::size_t utf8_length(std::string_view text);
+/// Texts of the locale are UTF-8: what is known to be valid crosses the edge as it is.
+bool locale_is_utf8();
+
 /// A text with each byte that is no part of a UTF-8 character shown as U+FFFD.
 std::string valid_utf8(std::string_view text);
 

@@ -201,7 +201,8 @@ std::string whole_text(const EditorRecord& editor) { return taken(XmTextGetStrin
 void put_whole_text(EditorRecord& editor, const std::string& text, ByteMarks marks) {
     {
         const Quiet quiet(editor);
-        XmTextSetString(editor.text, xt_name(to_locale(text)));
+        XmTextSetString(editor.text,
+                        xt_name(locale_is_utf8() ? text.c_str() : to_locale(text).c_str()));
         XmTextSetInsertionPosition(editor.text, 0);
         XmTextSetTopCharacter(editor.text, 0);
     }
