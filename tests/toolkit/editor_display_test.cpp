@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -141,6 +142,7 @@ std::string box_title() {
     return title;
 }
 
+/// Without its line breaks.
 std::string box_text() {
     XmString text = nullptr;
     XtVaGetValues(top_modal_widget(), XmNmessageString, &text, nullptr);
@@ -369,4 +371,140 @@ TEST_F(Editor, ClosingAsksWhatBecomesOfChanges) {
         EXPECT_EQ(content_of(name), saved ? "q" + plain : plain);
         EXPECT_EQ(std::ranges::count(types, int{CloseRequest}), closes ? 1 : 0);
     }
+}
+
+// The program may draw for long before it looks for messages again.
+TEST_F(Editor, AKeyIsOnTheScreenOnceThePollIsEmpty) {
+    open(folder_.file("a.txt", ""));
+    const Rectangle window = window_titled("Text - [" + folder_.name("a.txt") + "]");
+    const Rectangle line{window.x + 5, window.y + 50, 100, 60};  // the first one, below the bars
+    keys({"a"});
+    const std::vector<unsigned> before = pixels(line);
+    key("m");
+    int type = 0;
+    MessageRecord record;
+    do wmessagepeek(type, record);
+    while (text_length(editor()) < 2 || type != NoMessage);
+    // From here on the program sends nothing.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(deadline_ms);
+    while (pixels(line) == before && std::chrono::steady_clock::now() < end)
+        std::this_thread::yield();
+    EXPECT_NE(pixels(line), before);
+}
+
+TEST_F(Editor, WhatCannotBeLoadedIsToldAndLeavesAnEmptyText) {
+    const std::string missing = folder_.name("none.txt");
+    std::filesystem::create_directory(folder_.name("folder"));
+    for (const auto& [name, told] :
+         {std::pair{missing, "File not found.Please verify the correct file name was given"},
+          std::pair{folder_.name("folder"), "File is not of a regular type."}}) {
+        std::string title;
+        std::string said;
+        {
+            const ModalVisit visit({[&] {
+                if (!box_is_up()) return false;
+                title = box_title();
+                said = box_text();
+                key("Return");
+                return true;
+            }});
+            open(name);
+            EXPECT_TRUE(visit.over());
+        }
+        EXPECT_EQ(title, "Open Error");
+        EXPECT_EQ(said, name + told);
+        EXPECT_TRUE(is_shown("Text - [Untitled]"));
+        EXPECT_EQ(status(3), "Line: 1  Col: 1");
+        EXPECT_TRUE(weditclose(window_));
+    }
+}
+
+TEST_F(Editor, AFileThatAnotherProgramChangedIsNotOverwrittenUnasked) {
+    const std::string name = folder_.file("a.txt", plain);
+    open(name);
+    for (const auto& [answer, after] :
+         {std::pair{"Return", std::string("theirs")}, std::pair{"Tab", "qq" + plain}}) {
+        folder_.file("a.txt", "theirs");
+        keys({"q"});
+        const ModalVisit visit({[answer = std::string(answer)] {
+            if (!box_is_up()) return false;
+            if (answer == "Tab") key("Tab");  // No is the one that Return presses
+            key("Return");
+            return true;
+        }});
+        key("ctrl+s");
+        poll_until([&] { return visit.over() && nModalWindows == 0 && has_keys(); });
+        EXPECT_EQ(content_of(name), after);
+    }
+}
+
+TEST_F(Editor, AnUnsuitableWindowOrRequestIsRefused) {
+    const auto error_of = [](const EditorRequest& request) {
+        weditfile("", request);
+        return infoerror(1);
+    };
+    EXPECT_EQ(error_of({}), 1022) << "the root window";
+    std::string text;
+    weditgettext1(text);
+    EXPECT_EQ(infoerror(1), 1028);
+    windowopenchild2({.title = "Plain"}, 0);
+    EXPECT_EQ(error_of({.mode = 4}), 1024);
+    EXPECT_EQ(error_of({.mode = DialogModal, .menu = 30001}), 1026);
+    const int inside = windowopenchild2({.flags = WindowInsideParent, .title = "Inside"}, 0);
+    windowselect(inside);
+    EXPECT_EQ(error_of({.menu = 30001}), 1025);
+    EXPECT_EQ(winfowindow(6), 0) << "still a plain window";
+}
+
+TEST_F(Editor, AModalOneReturnsWhenItsUserLeaves) {
+    const std::string name = folder_.file("a.txt", plain);
+    int find_next = 0;
+    const ModalVisit visit({
+        [&] {
+            if (nModalWindows == 0 || !editor_of(window_) || !has_keys()) return false;
+            key("ctrl+f");
+            return true;
+        },
+        [&] {
+            const int slot = yyDGslot(32103);
+            if (slot < 0 || nModalWindows != 2 || !dialog_slot(slot).shown() ||
+                top_modal_widget() != dialog_slot(slot).widget ||
+                !XmGetFocusWidget(dialog_slot(slot).widget))
+                return false;
+            type("five");
+            key("Return");
+            return true;
+        },
+        [&] {
+            if (nModalWindows != 1 || selection_of(editor()) != TextSelection{19, 23}) return false;
+            ++find_next;
+            close_window("Text - [" + name + "]");
+            return true;
+        },
+    });
+    open(name, {.mode = DialogModal});
+    EXPECT_TRUE(visit.over());
+    EXPECT_EQ(find_next, 1);
+    EXPECT_EQ(editor_of(window_), nullptr);
+}
+
+TEST_F(Editor, SeveralTextsStandInOneWindow) {
+    const std::string first = folder_.file("a.txt", plain);
+    const std::string second = folder_.file("b.txt", "b\r\nb\r\n");
+    open(first);
+    keys({"x", "shift+F2", "ctrl+n"});
+    EXPECT_EQ(text(), "");
+    weditfile(second);
+    EXPECT_EQ(text(), "b\r\nb\r\n");
+    EXPECT_TRUE(is_shown("Text - [" + second + "]"));
+    keys({"y", "ctrl+s"});
+    EXPECT_EQ(content_of(second), "yb\r\nb\r\n");
+    const MenuRecord& menu = menu_of(window_)->record;
+    EXPECT_EQ(menu.item(menu.row_of(32181)).label, "&1\ta.txt");
+    EXPECT_EQ(menu.item(menu.row_of(32182)).state, 1);
+    keys({"alt+v", "Return"});  // the first entry
+    EXPECT_EQ(text(), "x" + plain);
+    keys({"ctrl+End", "F2"});
+    EXPECT_EQ(status(3), "Line: 1  Col: 2");
+    EXPECT_TRUE(editor().document.modified);
 }
