@@ -20,10 +20,21 @@ struct State {
 };
 State& state = *new State;
 
+/// To the right of the picture, as far as the screen goes: what is saved can be seen there.
+WindowRequest beside_picture(const std::string& title) {
+    windowselect(root_window);
+    const int width = winfowindow(2);
+    return {.flags = with_frame | WindowStatusBar,
+            .x = winfowindow(4) + width,
+            .y = winfowindow(5),
+            .width = width * 3 / 4,
+            .height = winfowindow(3),
+            .title = title};
+}
+
 void show(int& window, const std::string& title, const std::string& file) {
     if (window == 0) {
-        const int opened =
-            windowopenchild2({.flags = with_frame | WindowStatusBar, .title = title});
+        const int opened = windowopenchild2(beside_picture(title));
         if (opened < 0) return;
         window = opened;
     } else {

@@ -421,8 +421,9 @@ TEST_F(Commands, EditOpensOneWindowForTheFile) {
 
     const std::string first = open(whole);
     choose("Edit *.gwr file");
-    EXPECT_THAT(dialog_record::calls(), ElementsAre("windowopenchild2 39 Edition of file: " + first,
-                                                    "weditfile 256 " + first, "windowselect 0"));
+    EXPECT_THAT(dialog_record::calls(),
+                ElementsAre("windowselect 0", "windowopenchild2 39 Edition of file: " + first,
+                            "weditfile 256 " + first, "windowselect 0"));
     choose("Edit *.gwr file");
     EXPECT_THAT(dialog_record::calls(),
                 ElementsAre("windowselect 1", "weditfile 256 " + first, "windowselect 0"));
@@ -435,7 +436,8 @@ TEST_F(Commands, EditOpensOneWindowForTheFile) {
     answer({.button = 1});
     choose("Edit *.gwr file");
     EXPECT_THAT(dialog_record::calls(),
-                ElementsAre("weditclose 1", "windowopenchild2 39 Edition of file: " + second,
+                ElementsAre("weditclose 1", "windowselect 0",
+                            "windowopenchild2 39 Edition of file: " + second,
                             "weditfile 256 " + second, "windowselect 0"));
 }
 

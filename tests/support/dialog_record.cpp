@@ -325,6 +325,8 @@ int windowopenchild2(const WindowRequest& request, int) {
     return ++record.windows;
 }
 
+int winfowindow(int item) { return item == 4 || item == 5 ? 0 : drawable_width; }
+
 void windowselect(int window) { note("windowselect", {std::to_string(window)}); }
 
 void weditfile(std::string_view filename, const EditorRequest& request) {
