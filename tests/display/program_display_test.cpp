@@ -280,7 +280,8 @@ void choose_in_file_menu(int steps) {
     for (int i = 0; i < steps; ++i) key("Down");
     key("Return");
 }
-constexpr int open_item = 1, close_item = 2, save_as_item = 4, export_item = 5, exit_item = 6;
+constexpr int open_item = 1, close_item = 2, save_item = 3, save_as_item = 4, export_item = 5,
+              exit_item = 6;
 
 /// Buttons of 22 pixels, the first two pixels from the toolbar's corner. The toolbar of the scene
 /// is to the left of the main dialog, that of the file above both.
@@ -291,6 +292,11 @@ void click_scene_button(const Rectangle& shown, int buttons_before, int gaps_bef
 }
 void click_reload(const Rectangle& shown) {
     click({window_titled(title).x + to_middle + 2 * next_button,
+           field_at(shown, 1, 0).y - to_middle});
+}
+
+void click_edit(const Rectangle& shown) {
+    click({window_titled(title).x + to_middle + 5 * next_button + gap,
            field_at(shown, 1, 0).y - to_middle});
 }
 
@@ -354,6 +360,43 @@ TEST(ProgramDisplay, ARoundThroughTheMenusEndsInAFileThatReadsBack) {
     Program again({saved});
     EXPECT_TRUE(shows(greenish));
     EXPECT_EQ(again.close_by_window_manager(), 0);
+}
+
+TEST(ProgramDisplay, TheEditorDrivesThePictureAndHoldsItsFile) {
+    const auto greenish = [](int r, int g, int b) { return g > 100 && r < 60 && b < 60; };
+    const TempDirectory folder;
+    const std::string start = "CELL 4 4 4 90 90 90\nATOM A FE 0.5 0.5 0.5 RADIUS 3 COLOR ";
+    const std::string name = folder.file("live.gwr", start + "1 0 0 1");
+    Program program({name});
+    const Rectangle shown = picture();
+    const auto is_green = [&] {
+        return comes_to_show(shown, [&](const auto& s) { return has_colour(s, greenish); });
+    };
+    click_field(shown, continuous_read);
+    click_edit(shown);
+    const std::string editor = "Edition of file: " + name + " - [" + name + "]";
+    click(in(window_titled(editor), 0.5, 0.5));
+    for (const char* each : {"ctrl+End", "BackSpace", "BackSpace", "BackSpace", "BackSpace",
+                             "BackSpace", "BackSpace", "BackSpace"})
+        key(each);
+    type("0 1 0 1");
+    key("ctrl+s");
+    EXPECT_TRUE(is_green());
+    EXPECT_EQ(content_of(name), start + "0 1 0 1");
+
+    click_field(shown, continuous_read);
+    choose_in_file_menu(save_item);
+    window_titled("Save");
+    key("Return");
+    wait_until_gone("Save");
+    EXPECT_EQ(content_of(name), start + "0 1 0 1") << "refused while it is being edited";
+    close_window(editor);
+    wait_until_gone(editor);
+    click(field_at(shown, 200, 12));
+    choose_in_file_menu(save_item);
+    EXPECT_TRUE(comes_to_show(
+        shown, [&](const auto&) { return content_of(name).find("SPACEG") != std::string::npos; }));
+    EXPECT_EQ(program.close_by_window_manager(), 0);
 }
 
 /// Colours of a PNG file's pixels as 0xrrggbb; none until it is whole.
