@@ -89,9 +89,7 @@ void put_empty(EditorRecord& editor) {
 
 void note_replaced(const EditorRecord& editor) {
     const std::size_t count = editor.document.marks.replaced_bytes();
-    show_note(editor, count == 0 ? std::string()
-                                 : std::to_string(count) +
-                                       " bytes that are no text are shown as replacement signs");
+    show_note(editor, count == 0 ? std::string() : std::to_string(count) + " bytes are no text");
 }
 
 /// Into the slot that is shown. After a failure, which is told, it is empty and has no name: what

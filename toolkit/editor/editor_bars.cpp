@@ -126,9 +126,11 @@ void show_state(EditorRecord& editor) {
 void pop_up_menu(EditorRecord& editor, int x, int y) {
     std::unique_ptr<MenuRecord> menu = editor_popup(editor.flags);
     const EditorState state = state_of(editor);
-    for (MenuItem& item : menu->items)
+    for (MenuItem& item : menu->items) {
+        item.flags &= ~int{menu_flag::disabled};
         if (editor_item_greyed(item.identifier, editor.flags, state))
             item.flags |= menu_flag::disabled;
+    }
     yymnflot(std::move(menu), x, y, editor.window);
 }
 

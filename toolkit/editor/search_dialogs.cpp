@@ -9,6 +9,8 @@
 #include "toolkit/editor/editor_bars.hpp"
 #include "toolkit/editor/text_area.hpp"
 #include "toolkit/editor/wide_text.hpp"
+#include "toolkit/menus/menu_record.hpp"
+#include "toolkit/windows/window_layout.hpp"
 #include "toolkit/windows/window_slots.hpp"
 
 #include <X11/IntrinsicP.h>
@@ -105,6 +107,42 @@ void take_selected(EditorRecord& editor) {
 
 void act(EditorRecord& editor, int dialog, int button);
 
+/// In the middle of the editor's window, as units of it, and on the screen.
+Place place_over(const EditorRecord& editor, const DialogRecord& dialog) {
+    const WindowSlot& slot = window_slot(editor.window);
+    int left = 0;
+    int top = 0;
+    Window child = 0;
+    XTranslateCoordinates(yydisplay.display, slot.client, yydisplay.root, 0, 0, &left, &top,
+                          &child);
+    const auto units = [](int origin, int room, int extent, int screen) {
+        const int middle = origin + (room - extent) / 2;
+        const int place = std::clamp(middle, 0, std::max(screen - extent, 0));
+        const int result = units_from_pixels(place - origin, room);
+        return result == dialog_centred ? 0 : result;
+    };
+    return {units(left, slot.width, dialog.width, yydisplay.width),
+            units(top, slot.height, dialog.height, yydisplay.height)};
+}
+
+/// Units of a dialog's place count in the current window, which the application chooses.
+class CurrentWindow {
+public:
+    explicit CurrentWindow(int window) : former_(std::exchange(wCurrentWindow, window)) {}
+    ~CurrentWindow() { wCurrentWindow = former_; }
+    CurrentWindow(const CurrentWindow&) = delete;
+    CurrentWindow& operator=(const CurrentWindow&) = delete;
+
+private:
+    int former_;
+};
+
+void show_modeless(EditorRecord& editor, DialogRecord& record) {
+    const CurrentWindow current(editor.window);
+    const Place place = place_over(editor, record);
+    map_dialog(record, place.x, place.y, WantedField, DialogModeless);
+}
+
 /// Beside a modal or semi-modal editor nothing modeless takes input: there the dialog is modal and
 /// goes with each button; Replace comes again.
 void run_dialog(EditorRecord& editor, DialogRecord& record, int dialog) {
@@ -130,7 +168,7 @@ void show_dialog(EditorRecord& editor, int dialog) {
     fill_dialog(dialog, editor.search);
     const Widget former = open_dialogs_from(window_slot(editor.window).shell_widget);
     if (editor.mode == DialogModeless) {
-        map_dialog(record, dialog_centred, dialog_centred, WantedField, DialogModeless);
+        show_modeless(editor, record);
     } else {
         run_dialog(editor, record, dialog);
     }
