@@ -21,6 +21,7 @@
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <thread>
 #include <tuple>
@@ -317,6 +318,12 @@ TEST_F(Editor, FindsAndReplaces) {
         poll_until([&] { return visit.over() && nModalWindows == 0 && dialog_has_keys(32103); });
     }
     EXPECT_TRUE(told);
+    // Upwards, with the selection of the display in another program's hand.
+    click(middle_of(find_field(dialog_slot(yyDGslot(32103)), 1214)->widget));
+    OtherClient().own("PRIMARY", "elsewhere");
+    poll_until([this] { return selection_of(editor()) == TextSelection{12, 12}; });
+    key("Return");
+    poll_until([&] { return found(3); });
     key("Escape");
     poll_until([] { return !dialog_slot(yyDGslot(32103)).shown(); });
 
@@ -508,4 +515,78 @@ TEST_F(Editor, SeveralTextsStandInOneWindow) {
     keys({"ctrl+End", "F2"});
     EXPECT_EQ(status(3), "Line: 1  Col: 2");
     EXPECT_TRUE(editor().document.modified);
+}
+
+// Whatever Motif does to the text, it tells; a key at a time, as no unit without a display can
+// know.
+TEST_F(Editor, TheLineIsRightAfterAnyKeys) {
+    open(folder_.file("a.txt", "one\n\ntwo \xc3\xa4\xe2\x82\xac\nthree\n"));
+    const std::vector<std::string> all{
+        "a",        "Return",     "BackSpace", "Delete",        "Up",         "Down",
+        "End",      "Home",       "Tab",       "shift+Down",    "shift+Left", "ctrl+x",
+        "ctrl+v",   "ctrl+c",     "Insert",    "ctrl+Delete",   "ctrl+Home",  "ctrl+BackSpace",
+        "ctrl+End", "ctrl+Right", "Page_Up",   "shift+Page_Up", "b"};
+    std::mt19937 random(20);
+    for (int i = 0; i < 300; ++i) {
+        key(all[random() % all.size()]);
+        if (i % 10 != 9) continue;
+        settle();
+        drain();
+        const std::wstring before = text_piece(editor(), 0, caret_of(editor()));
+        const auto line = std::count(before.begin(), before.end(), L'\n') + 1;
+        const std::size_t column = before.size() - (before.rfind(L'\n') + 1) + 1;
+        ASSERT_EQ(status(3), "Line: " + std::to_string(line) + "  Col: " + std::to_string(column));
+        ASSERT_EQ(editor().lines.length(), text_length(editor()));
+    }
+}
+
+TEST_F(Editor, ABrowserShowsAndAUsersMenuReachesTheApplication) {
+    const std::string name = folder_.file("a.txt", plain);
+    constexpr int application_menu = 30001;
+    open(name, {.menu = application_menu, .flags = 4});
+    keys({"x", "ctrl+v", "BackSpace"});
+    EXPECT_EQ(text(), plain);
+    const MenuRecord& menu = menu_of(window_)->record;
+    EXPECT_EQ(menu.row_of(32103), -1) << "Save";
+    keys({"alt+e", "Return"});  // its Edit menu begins with Copy, which is greyed
+    EXPECT_FALSE(editor().document.modified);
+    key("Escape");
+    drain();
+    const int row = menu.row_of(40001);
+    const Menu& shown = *menu_of(window_);
+    const auto click_row = [&shown](int of) {
+        const Box box = yymngetposabsolute(shown, of);
+        click({box.x + box.width / 2, box.y + box.height / 2});
+    };
+    click_row(row);
+    poll_until([] { return pwActiveMenu != nullptr; });
+    click_row(menu.row_of(40002));
+    const MessageRecord message = wait_for(MenuSelect);
+    EXPECT_EQ(message.VALUE1, 40002);
+    EXPECT_EQ(message.WIN, window_);
+}
+
+TEST_F(Editor, AProgramReadsWritesAndClosesAtAnyMoment) {
+    open(folder_.file("a.txt",
+                      "\xce\xb1\xce\xb2"
+                      "cd\n"));
+    std::string part;
+    weditgettextpart(2, 2, part);
+    EXPECT_EQ(part,
+              "\xce\xb2"
+              "c");
+    weditgettextpart(4, 99, part);
+    EXPECT_EQ(part, "d\n");
+    keys({"shift+Right"});
+    weditgettext2(part);
+    EXPECT_EQ(part, "\xce\xb1");
+    weditputtext1("new\r\n");
+    EXPECT_EQ(text(), "new\r\n");
+    EXPECT_TRUE(editor().document.modified);
+    keys({"ctrl+f"});
+    poll_until([] { return is_shown("Find"); });
+    windowclosechild(window_);
+    poll_until([] { return !is_shown("Find"); });
+    keys({"F3"});
+    EXPECT_EQ(editor_of(window_), nullptr);
 }

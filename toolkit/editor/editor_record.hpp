@@ -27,6 +27,7 @@ struct SearchState {
     std::wstring wanted;
     std::wstring replacement;
     SearchRules rules;
+    std::optional<TextMatch> found;  ///< the last match; the text may have changed since
 };
 
 struct EditorRecord {

@@ -177,12 +177,22 @@ void show_dialog(EditorRecord& editor, int dialog) {
 
 // The search
 
-/// Where a search goes on: behind what is selected, or before it.
-std::optional<TextMatch> next_match(const EditorRecord& editor) {
+/// The match that the last search has left the caret behind, or what is selected. A text field that
+/// takes the selection of the display, of the dialog itself too, leaves nothing selected here.
+TextSelection search_place(const EditorRecord& editor) {
     const TextSelection selected = selection_of(editor);
+    const auto& found = editor.search.found;
+    if (selected.begin == selected.end && found && found->end == selected.end)
+        return {found->begin, found->end};
+    return selected;
+}
+
+/// A search goes on behind the last match, or before it.
+std::optional<TextMatch> next_match(const EditorRecord& editor) {
+    const TextSelection place = search_place(editor);
     const SearchState& search = editor.search;
     return find_text(text_piece(editor, 0, text_length(editor)), search.wanted,
-                     search.rules.backward ? selected.begin : selected.end, search.rules);
+                     search.rules.backward ? place.begin : place.end, search.rules);
 }
 
 void tell_end(const EditorRecord& editor) {
@@ -231,29 +241,30 @@ void bring_into_sight(EditorRecord& editor, const TextMatch& match) {
 }
 
 void yyEditSelectMatch(EditorRecord& editor, const TextMatch& match) {
+    editor.search.found = match;
     select_piece(editor, {match.begin, match.end});
     bring_into_sight(editor, match);
 }
 
-/// What is selected is a match, as the rules say: found from its own begin.
-bool match_is_selected(const EditorRecord& editor) {
-    const TextSelection selected = selection_of(editor);
-    if (selected.begin == selected.end) return false;
+/// A piece is a match, as the rules say: found from its own begin.
+bool is_match(const EditorRecord& editor, const TextSelection& piece) {
+    if (piece.begin == piece.end) return false;
     SearchRules rules = editor.search.rules;
     rules.backward = false;
     // One character on either side tells whether it is a whole word.
-    const std::size_t before = selected.begin > 0 ? 1 : 0;
-    const std::size_t behind = std::min(selected.end + 1, text_length(editor));
-    const std::wstring piece = text_piece(editor, selected.begin - before, behind);
-    const auto match = find_text(piece, editor.search.wanted, before, rules);
-    return match && match->begin == before && match->end == before + selected.end - selected.begin;
+    const std::size_t before = piece.begin > 0 ? 1 : 0;
+    const std::size_t behind = std::min(piece.end + 1, text_length(editor));
+    const std::wstring around = text_piece(editor, piece.begin - before, behind);
+    const auto match = find_text(around, editor.search.wanted, before, rules);
+    return match && match->begin == before && match->end == before + piece.end - piece.begin;
 }
 
 void replace_one(EditorRecord& editor) {
-    const TextSelection selected = selection_of(editor);
-    if (match_is_selected(editor)) {
-        replace_piece(editor, selected.begin, selected.end, editor.search.replacement);
-        const std::size_t end = selected.begin + editor.search.replacement.size();
+    const TextSelection place = search_place(editor);
+    if (is_match(editor, place)) {
+        replace_piece(editor, place.begin, place.end, editor.search.replacement);
+        const std::size_t end = place.begin + editor.search.replacement.size();
+        editor.search.found.reset();
         select_piece(editor, {end, end});
     }
     yyEditFindNext(editor);
