@@ -2,7 +2,9 @@
 
 #include "toolkit/image_write/palette.hpp"
 
+#include <bit>
 #include <cstddef>
+#include <cstring>
 
 namespace tesserakit {
 
@@ -36,7 +38,19 @@ void put_palette(std::string& file, const Palette& palette) {
 }
 
 void put_colours(std::span<const std::uint8_t> row, std::uint8_t* to) {
-    for (std::size_t at = 0; at + 2 < row.size(); at += 3, to += 3) {
+    std::size_t at = 0;
+    // Two pixels at once: of six bytes in one word the first and third of each pixel change places.
+    // The two bytes behind them are written again with the next pixels.
+    if constexpr (std::endian::native == std::endian::little) {
+        for (; at + sizeof(std::uint64_t) <= row.size(); at += 6, to += 6) {
+            std::uint64_t bytes = 0;
+            std::memcpy(&bytes, &row[at], sizeof bytes);
+            bytes = (bytes >> 16U & 0x0000ff0000ffU) | (bytes & 0x00ff0000ff00U) |
+                    (bytes << 16U & 0xff0000ff0000U);
+            std::memcpy(to, &bytes, sizeof bytes);
+        }
+    }
+    for (; at + 2 < row.size(); at += 3, to += 3) {
         to[0] = row[at + 2];
         to[1] = row[at + 1];
         to[2] = row[at];

@@ -2,7 +2,9 @@
 
 #include "toolkit/image_write/palette.hpp"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <vector>
 
 namespace tesserakit {
@@ -35,30 +37,47 @@ std::string header(const PictureRows& picture, int left, int top) {
     return bytes;
 }
 
-std::uint8_t* put_run(std::uint8_t* to, std::uint8_t value, int count) {
-    if (count > 1 || value >= count_mark) *to++ = static_cast<std::uint8_t>(count_mark + count);
-    *to++ = value;
+/// How many values from `from` on are the same, `longest_run` at most.
+int run_length(const std::uint8_t* from, const std::uint8_t* end) {
+    const std::uint8_t* const limit = from + std::min<std::ptrdiff_t>(end - from, longest_run);
+    const std::uint8_t* at = from + 1;
+    // Most of a picture is background: eight values are compared at once.
+    constexpr std::ptrdiff_t word = sizeof(std::uint64_t);
+    const std::uint64_t same = *from * 0x0101010101010101U;
+    for (std::uint64_t values = 0; limit - at >= word; at += word) {
+        std::memcpy(&values, at, word);
+        if (values != same) break;
+    }
+    while (at != limit && *at == *from) ++at;
+    return static_cast<int>(at - from);
+}
+
+/// One plane of a row. A line has an even length: a zero makes it up.
+std::uint8_t* put_plane(std::uint8_t* to, std::span<const std::uint8_t> plane) {
+    const std::uint8_t* const end = plane.data() + plane.size();
+    for (const std::uint8_t* at = plane.data(); at != end;) {
+        const std::uint8_t value = *at;
+        const int count = at + 1 == end || at[1] != value ? 1 : run_length(at, end);
+        // The count is overwritten where none is needed: in noise a branch would often be guessed
+        // wrong.
+        *to = static_cast<std::uint8_t>(count_mark + count);
+        to += static_cast<int>(count > 1) | static_cast<int>(value >= count_mark);
+        *to++ = value;
+        at += count;
+    }
+    if (plane.size() % 2 != 0) *to++ = 0;
     return to;
 }
 
-/// One plane of a row, `step` bytes from value to value. A line has an even length: a zero makes it
-/// up.
-std::uint8_t* put_plane(std::uint8_t* to, const std::uint8_t* from, std::size_t step, int width) {
-    std::uint8_t value = *from;
-    int count = 1;
-    for (int x = 1; x < width; ++x) {
-        from += step;
-        if (*from == value && count < longest_run) {
-            ++count;
-            continue;
-        }
-        to = put_run(to, value, count);
-        value = *from;
-        count = 1;
+/// Red, green and blue of a row behind each other.
+void part_colours(std::span<const std::uint8_t> row, std::uint8_t* planes) {
+    const std::size_t width = row.size() / 3;
+    const std::uint8_t* from = row.data();
+    for (std::size_t x = 0; x < width; ++x, from += 3) {
+        planes[x] = from[0];
+        planes[width + x] = from[1];
+        planes[2 * width + x] = from[2];
     }
-    to = put_run(to, value, count);
-    if (width % 2 != 0) *to++ = 0;
-    return to;
 }
 
 }  // namespace
@@ -66,24 +85,22 @@ std::uint8_t* put_plane(std::uint8_t* to, const std::uint8_t* from, std::size_t 
 std::string pcx_file(const PictureRows& picture, int left, int top) {
     const std::size_t planes = picture.indexed ? 1 : 3;
     const auto width = static_cast<std::size_t>(picture.width);
+    std::vector<std::uint8_t> row(planes * width);
     std::vector<std::uint8_t> line(planes * (2 * width + 1));
-    std::vector<std::uint8_t> indices(picture.indexed ? width : 0);
     Palette palette;
 
     std::string file = header(picture, left, top);
     // Room for the longest: what isn't used of it costs no memory, growing would cost a copy.
     file.reserve(file.size() + line.size() * static_cast<std::size_t>(picture.height) + 1 +
                  palette.entries().size());
-    for (int row = 0; row < picture.height; ++row) {
-        const std::span<const std::uint8_t> colours = picture.row(row);
+    for (int y = 0; y < picture.height; ++y) {
+        if (picture.indexed)
+            palette.index(picture.row(y), row.data());
+        else
+            part_colours(picture.row(y), row.data());
         std::uint8_t* end = line.data();
-        if (picture.indexed) {
-            palette.index(colours, indices.data());
-            end = put_plane(end, indices.data(), 1, picture.width);
-        } else {
-            for (std::size_t plane = 0; plane < planes; ++plane)
-                end = put_plane(end, &colours[plane], planes, picture.width);
-        }
+        for (std::size_t plane = 0; plane < planes; ++plane)
+            end = put_plane(end, std::span(row).subspan(plane * width, width));
         file.append(line.data(), end);
     }
     if (picture.indexed) {

@@ -16,21 +16,36 @@ namespace {
 
 /// A component of a pixel as the high byte of the server's 16 bits: the largest value of its mask
 /// is 255.
-std::uint8_t component(unsigned long pixel, unsigned long mask) {
-    if (mask == 0) return 0;
-    const int shift = std::countr_zero(mask);
-    return static_cast<std::uint8_t>(((pixel & mask) >> shift) * 65535 / (mask >> shift) >> 8U);
-}
+class Component {
+public:
+    explicit Component(unsigned long mask)
+        : mask_(mask), shift_(mask == 0 ? 0 : std::countr_zero(mask)), largest_(mask >> shift_) {}
+
+    std::uint8_t of(unsigned long pixel) const {
+        const unsigned long value = (pixel & mask_) >> shift_;
+        if (largest_ == 255 || largest_ == 0) return static_cast<std::uint8_t>(value);
+        return static_cast<std::uint8_t>(value * 65535 / largest_ >> 8U);
+    }
+
+private:
+    unsigned long mask_;
+    int shift_;
+    unsigned long largest_;
+};
 
 using Row = std::vector<unsigned long>;
 
-void append_by_masks(const Row& row, const Visual& visual, std::vector<std::uint8_t>& bytes) {
-    for (const unsigned long pixel : row)
-        for (const unsigned long mask : {visual.red_mask, visual.green_mask, visual.blue_mask})
-            bytes.push_back(component(pixel, mask));
+std::uint8_t* put_by_masks(std::uint8_t* to, const Row& row, const Visual& visual) {
+    const Component red(visual.red_mask), green(visual.green_mask), blue(visual.blue_mask);
+    for (const unsigned long pixel : row) {
+        *to++ = red.of(pixel);
+        *to++ = green.of(pixel);
+        *to++ = blue.of(pixel);
+    }
+    return to;
 }
 
-void append_by_colormap(const Row& row, Colormap colormap, std::vector<std::uint8_t>& bytes) {
+std::uint8_t* put_by_colormap(std::uint8_t* to, const Row& row, Colormap colormap) {
     std::vector<XColor> colours(row.size());
     std::ranges::transform(row, colours.begin(), [](unsigned long pixel) {
         XColor colour{};
@@ -40,7 +55,8 @@ void append_by_colormap(const Row& row, Colormap colormap, std::vector<std::uint
     XQueryColors(yydisplay.display, colormap, colours.data(), static_cast<int>(colours.size()));
     for (const XColor& colour : colours)
         for (const unsigned short value : {colour.red, colour.green, colour.blue})
-            bytes.push_back(static_cast<std::uint8_t>(value >> 8U));
+            *to++ = static_cast<std::uint8_t>(value >> 8U);
+    return to;
 }
 
 }  // namespace
@@ -86,15 +102,14 @@ std::vector<std::uint8_t> DrawableCopy::rows(int top, int count) const {
     XImage* image = XGetImage(yydisplay.display, pixmap_, 0, top, static_cast<unsigned>(width_),
                               static_cast<unsigned>(count), AllPlanes, ZPixmap);
     if (!image) return {};
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(static_cast<std::size_t>(width_) * static_cast<std::size_t>(count) * 3);
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(width_) *
+                                    static_cast<std::size_t>(count) * 3);
+    std::uint8_t* to = bytes.data();
     Row row(static_cast<std::size_t>(width_));
     for (int y = 0; y < count; ++y) {
         for (int x = 0; x < width_; ++x) row[static_cast<std::size_t>(x)] = XGetPixel(image, x, y);
-        if (visual_->c_class == TrueColor)
-            append_by_masks(row, *visual_, bytes);
-        else
-            append_by_colormap(row, colormap_, bytes);
+        to = visual_->c_class == TrueColor ? put_by_masks(to, row, *visual_)
+                                           : put_by_colormap(to, row, colormap_);
     }
     XDestroyImage(image);
     return bytes;
