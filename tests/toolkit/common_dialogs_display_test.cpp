@@ -306,6 +306,11 @@ TEST_F(FileDialogs, ANameIsTypedAndComesBackWhole) {
               1);
     EXPECT_EQ(name, whole("uo2.gwr"));
     EXPECT_EQ(std::filesystem::current_path(), whole("sub")) << "not kept";
+    // In its own folder, too; a filter that isn't there is the first.
+    type_ = 9;
+    EXPECT_EQ(select(0, name, {when_listed({"..", "sub"}, keys({"Return"}))}), 1);
+    EXPECT_EQ(name, whole("uo2.gwr"));
+    EXPECT_EQ(type_, 1);
 }
 
 TEST_F(FileDialogs, CancelLeavesNameAndDirectoryAsTheyWere) {
@@ -359,6 +364,12 @@ TEST_F(FileDialogs, FilesAndDirectoriesAreChosenByKeys) {
                       when_listed({"..", "deeper"}, keys({"Tab", "Return"}))}),
               1);
     EXPECT_EQ(name, whole("sub/inner.gwr"));
+    // A directory is entered, whatever name stands there.
+    name = whole("uo2.gwr");
+    EXPECT_EQ(select(save_flags, name,
+                     {in_files(keys({"shift+Tab", "shift+Tab", "Down", "Return"})),
+                      when_listed({"..", "deeper"}, keys({"Escape"}))}),
+              2);
     // Over an existing file the question comes once.
     name = folder_.path().string() + "/";
     EXPECT_EQ(select(save_flags, name,
@@ -545,6 +556,13 @@ TEST_F(ColourDialog, SlidersNumbersAndSwatchFollowEachOther) {
                               until(shows(0x11c840),
                                     [] {
                                         EXPECT_EQ(slider_at(1003), 200);
+                                        key("ctrl+a");
+                                        key("BackSpace");
+                                    }),
+                              until([] { return wdialoggettypedtext(1009).empty(); },
+                                    [] {
+                                        EXPECT_EQ(slider_at(1003), 200) << "no number yet";
+                                        type("200");
                                         key("Return");
                                     })}),
               1);
