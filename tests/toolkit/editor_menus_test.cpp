@@ -131,12 +131,11 @@ TEST(EditorMenu, ViewNamesTheTextsByTheirSlots) {
     EXPECT_EQ(third.state, 1);
 }
 
-TEST(EditorMenu, PopUpsAndToolbarFollowTheFlags) {
+TEST(EditorMenu, PopUpAndToolbarFollowTheFlags) {
     EXPECT_THAT(items_of(*editor_popup(0)),
                 ElementsAre(32122, 32123, 32124, 32125, 45001, 45002, 45003, 45011, 45012, 45013,
                             45014, 45021, 45022, 45023, 32126));
     EXPECT_THAT(items_of(*editor_popup(browse)), ElementsAre(32123, 32126));
-    EXPECT_THAT(items_of(*command_line_popup()), ElementsAre(32132, 32133, 32134, 32135, 32136));
 
     const auto greyed_buttons = [](int flags) {
         std::vector<int> greyed;

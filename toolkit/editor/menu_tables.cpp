@@ -123,14 +123,6 @@ constexpr std::array<DynamicMenuRow, 15> popup_rows{{
     {ForAll, 0, "Select All", -1, "", greyed, item::select_all},
 }};
 
-constexpr std::array<DynamicMenuRow, 5> command_line_rows{{
-    {ForAll, 0, "Cut", -1, "", false, item::command_cut},
-    {ForAll, 0, "Copy", -1, "", false, item::command_copy},
-    {ForAll, 0, "Paste", -1, "", false, item::command_paste},
-    {ForAll, 0, "Delete", -1, "", false, item::command_remove},
-    {ForAll, 0, "Select All", -1, "", false, item::command_select_all},
-}};
-
 constexpr std::array<DynamicToolbarRow, 11> toolbar_rows{{
     {item::new_file, "New"},
     {item::open, "Open"},
@@ -197,7 +189,6 @@ std::unique_ptr<MenuRecord> editor_menu(int flags, std::span<const ViewEntry> en
 }
 
 std::unique_ptr<MenuRecord> editor_popup(int flags) { return load(popup_rows, flags); }
-std::unique_ptr<MenuRecord> command_line_popup() { return load(command_line_rows, 0); }
 
 std::vector<DynamicToolbarRow> editor_toolbar(int flags) {
     std::vector<DynamicToolbarRow> rows(toolbar_rows.begin(), toolbar_rows.end());

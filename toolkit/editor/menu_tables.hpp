@@ -1,4 +1,4 @@
-/// The editor's built-in menu, toolbar and pop-ups as rows, and what of them is there by the flags
+/// The editor's built-in menu, toolbar and pop-up as rows, and what of them is there by the flags
 /// that the editor was opened with, or greyed by its state. No X here.
 #pragma once
 
@@ -47,12 +47,6 @@ inline constexpr int set_bookmark = 32147;
 inline constexpr int goto_bookmark = 32148;
 inline constexpr int view = 32180;
 inline constexpr int first_buffer = 32181;  ///< and the slot of the buffer
-// The command line's own pop-up.
-inline constexpr int command_cut = 32132;
-inline constexpr int command_copy = 32133;
-inline constexpr int command_paste = 32134;
-inline constexpr int command_remove = 32135;
-inline constexpr int command_select_all = 32136;
 }  // namespace editor_item
 
 /// Strip and size of the toolbar's pictures in pixels.
@@ -71,7 +65,6 @@ std::unique_ptr<MenuRecord> editor_menu(int flags, std::span<const ViewEntry> en
 
 /// The pop-up of the right button, without what changes text in a browser.
 std::unique_ptr<MenuRecord> editor_popup(int flags);
-std::unique_ptr<MenuRecord> command_line_popup();
 
 /// The toolbar's rows with the greying of the start: all of them, whatever the flags forbid.
 std::vector<DynamicToolbarRow> editor_toolbar(int flags);
