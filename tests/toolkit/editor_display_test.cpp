@@ -125,16 +125,28 @@ private:
     std::jthread server_;
 };
 
-/// A message box is up, and takes keys.
-bool box_is_up() {
-    const Widget box = top_modal_widget();
-    if (!box || XtName(box) != std::string("messageBox")) return false;
+bool has_keyboard(Widget shell) {
     Window focus = 0;
     int revert = 0;
     XGetInputFocus(yydisplay.display, &focus, &revert);
     const Widget widget =
         focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
-    return widget && shell_around(widget) == shell_around(box) && XmGetFocusWidget(box);
+    return widget && shell_around(widget) == shell;
+}
+
+/// A box is up, and takes keys.
+bool box_takes_keys() {
+    const Widget box = top_modal_widget();
+    return box && has_keyboard(shell_around(box)) && XmGetFocusWidget(box);
+}
+
+bool box_is_up() {
+    return box_takes_keys() && XtName(top_modal_widget()) == std::string("messageBox");
+}
+
+bool dialog_has_keys(int dialog) {
+    const int slot = yyDGslot(dialog);
+    return slot >= 0 && has_keyboard(dialog_slot(slot).shell);
 }
 
 std::string box_title() {
@@ -170,13 +182,8 @@ protected:
         return window_;
     }
     bool has_keys() const {
-        Window focus = 0;
-        int revert = 0;
-        XGetInputFocus(yydisplay.display, &focus, &revert);
-        const Widget widget =
-            focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
-        return widget && shell_around(widget) == window_slot(window_).shell_widget &&
-               XmGetFocusWidget(widget) == editor().text;
+        const Widget shell = window_slot(window_).shell_widget;
+        return has_keyboard(shell) && XmGetFocusWidget(shell) == editor().text;
     }
     EditorRecord& editor() const { return *editor_of(window_); }
     static std::string text() {
@@ -286,15 +293,7 @@ TEST_F(Editor, FindsAndReplaces) {
     open(folder_.file("a.txt", "Fe fe ofe\nFE x\n"));
     keys({"F3"});  // nothing to search for yet: the dialog comes
     poll_until([] { return yyDGslot(32103) >= 0 && dialog_slot(yyDGslot(32103)).shown(); });
-    const auto dialog_has_keys = [](int dialog) {
-        Window focus = 0;
-        int revert = 0;
-        XGetInputFocus(yydisplay.display, &focus, &revert);
-        const Widget widget =
-            focus > PointerRoot ? XtWindowToWidget(yydisplay.display, focus) : nullptr;
-        return widget && shell_around(widget) == dialog_slot(yyDGslot(dialog)).shell;
-    };
-    poll_until([&] { return dialog_has_keys(32103); });
+    poll_until([] { return dialog_has_keys(32103); });
     type("fe");
     click(middle_of(find_field(dialog_slot(yyDGslot(32103)), 1003)->widget));  // whole word
     const auto found = [&](std::size_t begin) {
@@ -330,7 +329,7 @@ TEST_F(Editor, FindsAndReplaces) {
     poll_until([this] { return has_keys(); });
     keys({"ctrl+Home", "ctrl+h"});
     poll_until([] { return yyDGslot(32104) >= 0 && dialog_slot(yyDGslot(32104)).shown(); });
-    poll_until([&] { return dialog_has_keys(32104); });
+    poll_until([] { return dialog_has_keys(32104); });
     DialogRecord& replace = dialog_slot(yyDGslot(32104));
     click(middle_of(find_field(replace, 1006)->widget));
     type("Mn");
@@ -474,11 +473,7 @@ TEST_F(Editor, AModalOneReturnsWhenItsUserLeaves) {
             return true;
         },
         [&] {
-            const int slot = yyDGslot(32103);
-            if (slot < 0 || nModalWindows != 2 || !dialog_slot(slot).shown() ||
-                top_modal_widget() != dialog_slot(slot).widget ||
-                !XmGetFocusWidget(dialog_slot(slot).widget))
-                return false;
+            if (nModalWindows != 2 || !dialog_has_keys(32103)) return false;
             type("five");
             key("Return");
             return true;
