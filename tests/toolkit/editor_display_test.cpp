@@ -351,6 +351,25 @@ TEST_F(Editor, FindsAndReplaces) {
     EXPECT_EQ(text(), "Fe Mn oMn\nFE x\n");
 }
 
+TEST_F(Editor, SavesNothingWhereItsFlagsForbidIt) {
+    const std::string name = folder_.file("a.txt", plain);
+    {
+        open(name, {.flags = 512 + 8192});  // neither Save nor Save As
+        keys({"q"});
+        const ModalVisit visit({[] { return box_is_up() && (key("Escape"), true); }});
+        EXPECT_TRUE(weditclose(window_)) << "nothing to ask";
+    }
+    open(name, {.flags = 8192});
+    keys({"q"});
+    const ModalVisit visit({
+        [] { return box_is_up() && (key("Return"), true); },
+        [] { return box_takes_keys() && box_title() == "Save As" && (key("Escape"), true); },
+    });
+    EXPECT_FALSE(weditclose(window_));
+    EXPECT_TRUE(visit.over());
+    EXPECT_EQ(content_of(name), plain);
+}
+
 TEST_F(Editor, ClosingAsksWhatBecomesOfChanges) {
     const std::string name = folder_.file("a.txt", plain);
     shown_name_ = name;

@@ -151,7 +151,7 @@ bool take_slot(EditorRecord& editor, const char* title) {
 
 /// yyEditFileIsSaved: false when the user wants to go on with the text.
 bool yyEditFileIsSaved(EditorRecord& editor) {
-    if (!editor.document.modified || !editor_may_edit(editor.flags)) return true;
+    if (!editor.document.modified || !editor_may_save(editor.flags)) return true;
     std::string question = "Do you want to save changes";
     if (!editor.document.name.empty()) question += " to " + editor.document.name;
     const int answer = ask(editor, MessageYesNoCancel, Yes, question + "?", "Save");
@@ -193,6 +193,10 @@ void open_first_document(EditorRecord& editor, const std::string& name) {
     load(editor, name);
 }
 
+void new_document(EditorRecord& editor) {
+    if (take_slot(editor, "New")) put_empty(editor);
+}
+
 void show_file(EditorRecord& editor, const std::string& name) {
     yywindowtofront(editor.window);
     const int slot = slot_of_file(editor, name);
@@ -212,17 +216,14 @@ void show_file(EditorRecord& editor, const std::string& name) {
     load(editor, name);
 }
 
-void new_document(EditorRecord& editor) {
-    if (take_slot(editor, "New")) put_empty(editor);
-}
-
 void open_document(EditorRecord& editor) {
     const std::string name = chosen_name(editor, FileMustExist | FilePrompting, "Open");
     if (!name.empty()) show_file(editor, name);
 }
 
 bool save_document(EditorRecord& editor) {
-    if (editor.document.name.empty()) return save_document_as(editor);
+    const bool elsewhere = (editor.flags & editor_flag::no_save) != 0;
+    if (editor.document.name.empty() || elsewhere) return save_document_as(editor);
     return may_overwrite(editor) && write(editor, std::string(path_of(editor)));
 }
 

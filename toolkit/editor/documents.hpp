@@ -17,7 +17,8 @@ void show_file(EditorRecord& editor, const std::string& name);
 
 void new_document(EditorRecord& editor);
 void open_document(EditorRecord& editor);
-/// False when it isn't saved: told, or the user's wish.
+/// False when it isn't saved: told, or the user's wish. Without a name, and where the flags keep
+/// the file from being overwritten, it asks for a name.
 bool save_document(EditorRecord& editor);
 bool save_document_as(EditorRecord& editor);
 /// yyEditSwitchBuffer: shows the text of another slot; nothing for an empty one.

@@ -37,8 +37,6 @@ bool is_set(int flags, int bit) { return (flags & bit) != 0; }
 
 bool is_available(int row_class, int flags) {
     const bool browse = is_set(flags, editor_flag::browse);
-    const bool saves =
-        !is_set(flags, editor_flag::no_save) || !is_set(flags, editor_flag::no_save_as);
     switch (row_class) {
         case Opening:
             return !browse && !is_set(flags, editor_flag::no_open);
@@ -51,11 +49,11 @@ bool is_available(int row_class, int flags) {
         case Editing:
             return !browse;
         case LeavingEditor:
-            return !browse && saves;
+            return editor_may_save(flags);
         case LeavingBrowser:
             return browse;
         case LeavingUnsaved:
-            return !browse && !saves;
+            return !browse && !editor_may_save(flags);
         default:
             return true;
     }

@@ -81,7 +81,12 @@ bool editor_item_greyed(int identifier, int flags, const EditorState& state);
 /// The items whose greying follows the state.
 std::span<const int> editor_state_items();
 
-/// Whether the text can be changed, and whether closing may ask to save it.
+/// Whether the text can be changed.
 constexpr bool editor_may_edit(int flags) { return (flags & editor_flag::browse) == 0; }
+/// Whether changes can be saved under one name or another: without that, closing asks nothing.
+constexpr bool editor_may_save(int flags) {
+    constexpr int neither = editor_flag::no_save | editor_flag::no_save_as;
+    return editor_may_edit(flags) && (flags & neither) != neither;
+}
 
 }  // namespace tesserakit
