@@ -370,6 +370,17 @@ TEST_F(Editor, SavesNothingWhereItsFlagsForbidIt) {
     EXPECT_EQ(content_of(name), plain);
 }
 
+TEST_F(Editor, StandsInsideItsParent) {
+    window_ = windowopenchild2(
+        {.flags = 39 | WindowInsideParent, .x = 10, .y = 10, .width = 150, .height = 60}, 0);
+    weditfile("");
+    weditputtext1("a");
+    EXPECT_EQ(text(), "a");
+    weditfile("");
+    EXPECT_EQ(text(), "") << "a further text";
+    EXPECT_EQ(infoerror(1), 0);
+}
+
 TEST_F(Editor, ClosingAsksWhatBecomesOfChanges) {
     const std::string name = folder_.file("a.txt", plain);
     shown_name_ = name;

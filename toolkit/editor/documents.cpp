@@ -199,6 +199,7 @@ void new_document(EditorRecord& editor) {
 
 void show_file(EditorRecord& editor, const std::string& name) {
     yywindowtofront(editor.window);
+    if (name.empty()) return new_document(editor);
     const int slot = slot_of_file(editor, name);
     if (slot < 0) {
         if (take_slot(editor, "Open")) load(editor, name);
