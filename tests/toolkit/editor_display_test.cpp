@@ -351,6 +351,26 @@ TEST_F(Editor, FindsAndReplaces) {
     EXPECT_EQ(text(), "Fe Mn oMn\nFE x\n");
 }
 
+TEST_F(Editor, TellsOfAReplacementThatFindsNoRoom) {
+    std::string much;
+    for (int i = 0; i < 200'000; ++i) much += "a\n";
+    const std::string name = folder_.file("a.txt", much);
+    open(name);
+    editor().search = {.wanted = L"a", .replacement = std::wstring(200, L'b')};
+    keys({"ctrl+h"});
+    poll_until([] { return dialog_has_keys(32104); });
+    std::string told;
+    const ModalVisit visit({[&told] {
+        if (!box_is_up()) return false;
+        told = box_title() + ": " + box_text();
+        return key("Return"), true;
+    }});
+    click(middle_of(find_field(dialog_slot(yyDGslot(32104)), 1009)->widget));
+    poll_until([&] { return visit.over() && nModalWindows == 0; });
+    EXPECT_EQ(told, "Allocation Error: " + name + "File too large - not enough memory.");
+    EXPECT_TRUE(text() == much);
+}
+
 TEST_F(Editor, SavesNothingWhereItsFlagsForbidIt) {
     const std::string name = folder_.file("a.txt", plain);
     {

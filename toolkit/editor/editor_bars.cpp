@@ -23,10 +23,6 @@ enum Part : int { NotePart = 1, OverwritePart = 2, PlacePart = 3 };
 
 constexpr std::string_view untitled = "Untitled";
 
-std::string_view name_of(const TextBuffer& document) {
-    return document.name.empty() ? untitled : std::string_view(document.name);
-}
-
 StatusBar& status_bar(const EditorRecord& editor) { return *window_slot(editor.window).status_bar; }
 
 std::string place_text(const TextPlace& place) {
@@ -90,6 +86,10 @@ void renew_editor_menu(EditorRecord& editor) {
     yywindowreplace(editor.window);
     editor.shown_state.reset();
     show_state(editor);
+}
+
+std::string_view name_of(const TextBuffer& document) {
+    return document.name.empty() ? untitled : std::string_view(document.name);
 }
 
 void show_document_name(const EditorRecord& editor) {

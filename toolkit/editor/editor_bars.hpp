@@ -12,6 +12,8 @@ namespace tesserakit {
 void create_editor_bars(EditorRecord& editor);
 /// Builds the menu, with the View entries as they are now and the user's own menu behind.
 void renew_editor_menu(EditorRecord& editor);
+/// The name of the document's file, or what stands for one.
+std::string_view name_of(const TextBuffer& document);
 /// The window's title with the name of the document.
 void show_document_name(const EditorRecord& editor);
 

@@ -195,10 +195,16 @@ std::optional<TextMatch> next_match(const EditorRecord& editor) {
                      search.rules.backward ? place.begin : place.end, search.rules);
 }
 
+// What is told hangs on the dialog from which it was asked for.
+
 void tell_end(const EditorRecord& editor) {
-    // It hangs on the dialog from which the search was asked for.
     yymessagebox2(MessageOk, MessageInformation, 1, "End of text reached",
                   "Find " + utf8_text(editor.search.wanted));
+}
+
+void tell_too_long(const EditorRecord& editor) {
+    const FileTrouble trouble = too_large(std::string(name_of(editor.document)));
+    yymessagebox2(MessageOk, MessageWarning, 1, trouble.text, trouble.title);
 }
 
 struct Span {
@@ -276,6 +282,7 @@ void replace_every(EditorRecord& editor) {
     const SearchState& search = editor.search;
     const ReplacedText replaced =
         replace_all(text, search.wanted, search.replacement, search.rules);
+    if (replaced.too_long) return tell_too_long(editor);
     if (replaced.count == 0) return tell_end(editor);
     const std::size_t caret = caret_of(editor);
     const std::size_t top = top_of(editor);

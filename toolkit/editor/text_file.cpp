@@ -29,10 +29,6 @@ FileTrouble trouble(const char* title, const std::string& name, std::string_view
     return {title, std::move(text)};
 }
 
-FileTrouble too_large(const std::string& name) {
-    return trouble(allocation_error, name, "File too large - not enough memory.");
-}
-
 /// Whether the bytes, the text and the widget's copies of it find room. Where the system promises
 /// more memory than it has this says yes to everything; a limit of the process is seen.
 bool has_room_for(std::size_t size) {
@@ -49,6 +45,10 @@ FileStamp stamp_from(const struct stat& status) {
 }
 
 }  // namespace
+
+FileTrouble too_large(const std::string& name) {
+    return trouble(allocation_error, name, "File too large - not enough memory.");
+}
 
 std::optional<FileStamp> stamp_of(const std::string& name) {
     struct stat status {};

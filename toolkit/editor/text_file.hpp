@@ -23,6 +23,9 @@ struct FileTrouble {
     std::string text;
 };
 
+/// A text of this name takes more memory than there is.
+FileTrouble too_large(const std::string& name);
+
 /// Which state of a file was read or written, as far as the system tells it. Absent: no file.
 struct FileStamp {
     dev_t device = 0;
