@@ -759,6 +759,11 @@ TEST_F(DialogsDisplay, TrackbarsRadiosAndChecksTellOfTheirValue) {
     expect_move(106, 1066, 1066);
     wdialoggetradiobutton(1067, ordinal);
     EXPECT_EQ(ordinal, 1);
+    wdialogfieldstate(1067, FieldDisabled);
+    key("Down");
+    drain();
+    wdialoggetradiobutton(1066, ordinal);
+    EXPECT_EQ(ordinal, 1) << "a greyed one isn't set by keys";
     click(spot(106, 1064));
     wait_for(FieldChanged);
     expect_move(106, 1064, 1064);
@@ -785,6 +790,25 @@ TEST_F(DialogsDisplay, ATrackbarMovesByItsLineAndItsPage) {
         wdialoggettrackbar(1171, value);
         EXPECT_EQ(value, wanted) << name;
     }
+}
+
+TEST_F(DialogsDisplay, ATrackbarTellsOfItsValueWhileItIsDragged) {
+    show(117);
+    const int left = -field(117, 1171).box.width / 2;
+    const auto value = [] {
+        int shown = 0;
+        wdialogselect(117);
+        wdialoggettrackbar(1171, shown);
+        return shown;
+    };
+    move_to(spot(117, 1171, left + 12));
+    press();
+    drain();
+    ASSERT_EQ(value(), 0) << "the slider is held";
+    move_to(spot(117, 1171, left + 60));
+    expect_move(117, 1171, 1171);
+    EXPECT_GT(value(), 0);
+    release();
 }
 
 TEST_F(DialogsDisplay, ADisabledTrackbarIsQuieterAndStands) {
@@ -880,6 +904,10 @@ TEST_F(DialogsDisplay, AComboOpensItsListAndTakesTheChoice) {
     wdialogputoption1(1110, 1);
     show(110);
     const FieldRecord& combo = field(110, 1110);
+    // Its box has the room for the open list.
+    Dimension closed = 0;
+    XtVaGetValues(combo.position_widget, XmNheight, &closed, nullptr);
+    EXPECT_LT(2 * closed, combo.box.height);
     click(spot(110, 1110, combo.box.width / 2 - 8,
                (closed_combo_height(combo) - combo.box.height) / 2));
     const Widget list = combo_list(combo.widget);
