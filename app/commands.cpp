@@ -19,10 +19,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace gemwright {
@@ -46,14 +48,25 @@ void warn(std::string_view file, std::string_view text, std::string_view title) 
     wmessagebox(MessageOk, MessageWarning, 1, std::string(file) + "\n" + std::string(text), title);
 }
 
+/// From the root on, where that fits.
+FileName absolute_name(const FileName& name) {
+    std::error_code error;
+    const std::string whole =
+        std::filesystem::absolute(std::string(name.trimmed()), error).string();
+    return name.blank() || error || whole.size() > FileName::width ? name : FileName(whole);
+}
+
 /// The name that the user chooses, the box beginning with the current one. Absent when the box is
 /// cancelled, and, with a message, for a name that current_file_name can't hold as it is: it would
-/// become that of another file.
+/// become that of another file. The box goes to the folder of the chosen name, where a current name
+/// from the command line would lead elsewhere: that one is made whole.
 std::optional<FileName> ask_for_file(int flags, std::string_view title,
                                      std::string_view filter = structure_files) {
     std::string name(current_file_name.trimmed());
+    const FileName current = absolute_name(current_file_name);
     wselectfile2(filter, flags, name, title);
     if (!agreed()) return std::nullopt;
+    current_file_name = current;
     const FileName kept{std::string_view(name)};
     if (kept.trimmed() == name) return kept;
     warn(name, "The name is longer than 256 bytes, or ends with a blank.", title);

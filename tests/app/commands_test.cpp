@@ -381,6 +381,16 @@ TEST_F(Export, DrawsAndSavesAndTakesTheName) {
     switch_highres_objects();
 }
 
+// The file box goes to another folder.
+TEST_F(Export, ARelativeNameGoesOnLeadingToItsFile) {
+    for (const char* reason : {"Input/output error", ""}) {
+        current_file_name = "open.gwr";
+        dialog_record::no_picture_because = reason;
+        run(1);
+        EXPECT_EQ(followed_file_name().trimmed(), name_) << reason;
+    }
+}
+
 TEST_F(Export, CancelledOrFailedLeavesTheNameAndTells) {
     wcfgl_display::current_centroffset = {64, -32};
     run(2);
