@@ -3,8 +3,9 @@
 #include "app/program_state.hpp"
 #include "toolkit/tesserakit.hpp"
 
-#include <array>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace gemwright {
 namespace {
@@ -15,8 +16,14 @@ constexpr int root_window = 0;
 constexpr int with_frame = 7;
 constexpr int no_open = 256;  ///< the editor stays with its file
 
+struct TextWindow {
+    int& handle;       // 0: not open
+    std::string path;  // of the file that it was opened for, whatever the working directory
+};
+
 struct State {
-    wcfgl_io::FileName edited;  // in child_window
+    TextWindow edition{child_window, {}};
+    TextWindow list{list_window, {}};
 };
 State& state = *new State;
 
@@ -32,13 +39,21 @@ WindowRequest beside_picture(const std::string& title) {
             .title = title};
 }
 
-void show(int& window, const std::string& title, const std::string& file) {
-    if (window == 0) {
+/// A window that was opened for another file closes first, with the question about its changes.
+void show(TextWindow& window, const std::string& title, const std::string& file) {
+    std::error_code gone;
+    const std::string path = std::filesystem::absolute(file, gone).string();
+    if (window.handle != 0 && window.path != path) {
+        if (!weditclose(window.handle)) return;
+        window.handle = 0;
+    }
+    if (window.handle == 0) {
         const int opened = windowopenchild2(beside_picture(title));
         if (opened < 0) return;
-        window = opened;
+        window.handle = opened;
+        window.path = path;
     } else {
-        windowselect(window);
+        windowselect(window.handle);
     }
     weditfile(file, {.flags = no_open});
     // Dialogs of the program belong to its main window.
@@ -50,15 +65,10 @@ void show(int& window, const std::string& title, const std::string& file) {
 void edit_current_file() {
     if (current_file_name.blank()) return;
     const std::string file(current_file_name.trimmed());
-    if (child_window != 0 && state.edited != current_file_name) {
-        if (!weditclose(child_window)) return;
-        child_window = 0;
-    }
-    state.edited = current_file_name;
-    show(child_window, "Edition of file: " + file, file);
+    show(state.edition, "Edition of file: " + file, file);
 }
 
-void show_moment_list(const char* file) { show(list_window, "Gemwright Magnetic list", file); }
+void show_moment_list(const char* file) { show(state.list, "Gemwright Magnetic list", file); }
 
 void forget_text_window(int window) {
     for (int* const own : {&child_window, &list_window})

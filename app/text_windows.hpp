@@ -7,7 +7,8 @@ namespace gemwright {
 /// reading. With the window open already it comes to the front; the edition of another file ends
 /// first, with the question about its changes. Nothing without a file.
 void edit_current_file();
-/// Shows a file of the list of moments, anew if it has changed.
+/// Shows a file of the list of moments, anew if it has changed; the list of another working
+/// directory ends first, in the same way.
 void show_moment_list(const char* file);
 
 /// A window has closed itself.

@@ -418,6 +418,14 @@ TEST_F(Commands, AListingOfMomentsReplacesTheLastOne) {
     EXPECT_THAT(dialog_record::calls(),
                 ElementsAre("windowselect 1", "weditfile 256 temp.dat", "windowselect 0"));
 
+    // With another working directory it is another file.
+    std::filesystem::create_directory("other");
+    std::filesystem::current_path("other");
+    answer({.button = 1});
+    choose("List magnetic moments");
+    EXPECT_THAT(calls_of("weditclose"), ElementsAre("1"));
+    EXPECT_THAT(calls_of("windowopenchild2"), ElementsAre("39 Gemwright Magnetic list"));
+
     std::filesystem::remove("temp.dat");
     std::filesystem::create_directory("temp.dat");
     choose("List magnetic moments");
