@@ -146,7 +146,8 @@ bool box_is_up() {
 
 bool dialog_has_keys(int dialog) {
     const int slot = yyDGslot(dialog);
-    return slot >= 0 && has_keyboard(dialog_slot(slot).shell);
+    return slot >= 0 && has_keyboard(dialog_slot(slot).shell) &&
+           XmGetFocusWidget(dialog_slot(slot).widget);
 }
 
 std::string box_title() {
@@ -287,6 +288,10 @@ TEST_F(Editor, ExchangesTextWithOtherPrograms) {
     other.own("PRIMARY", "mid");
     click(middle_of(editor().text), Button2);
     poll_until([] { return text().find("mid") != std::string::npos; });
+    keys({"ctrl+a", "ctrl+c"});
+    const std::string copied = text();
+    windowclosechild(window_);
+    EXPECT_EQ(other.text_of("CLIPBOARD"), copied) << "it outlives the window";
 }
 
 TEST_F(Editor, FindsAndReplaces) {

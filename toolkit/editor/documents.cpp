@@ -33,10 +33,11 @@ bool on_screen(Widget shell) {
 /// just been opened is on the screen once its manager has seen to it.
 void stand_over(const EditorRecord& editor) {
     note_command({.type = MenuSelect, .win = editor.window});
-    const Widget shell = window_slot(editor.window).shell_widget;
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    const WindowSlot& slot = window_slot(editor.window);
+    if (!slot.visible) return;
     yywindowtofront(editor.window);
-    while (!on_screen(shell) && std::chrono::steady_clock::now() < deadline)
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    while (!on_screen(slot.shell_widget) && std::chrono::steady_clock::now() < deadline)
         yywaitdisplay(idle_tick_ms);
 }
 

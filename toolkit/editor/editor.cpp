@@ -44,6 +44,10 @@ void text_area_key(EditorRecord& editor, char key, const XEvent& event) {
             return pop_up_menu(editor, event.xbutton.x_root, event.xbutton.y_root);
         case 's':
             return hide_search_dialogs(editor);
+        case 'x':
+        case 'c':
+            yyEditInterpretMessage(editor, key == 'x' ? editor_item::cut : editor_item::copy);
+            return;
         default:
             return;
     }

@@ -1,12 +1,13 @@
 #include "toolkit/editor/editor_commands.hpp"
 
-#include "toolkit/base/display.hpp"
 #include "toolkit/base/mailbox.hpp"
+#include "toolkit/editor/clipboard.hpp"
 #include "toolkit/editor/documents.hpp"
 #include "toolkit/editor/editor_bars.hpp"
 #include "toolkit/editor/line_commands.hpp"
 #include "toolkit/editor/search_dialogs.hpp"
 #include "toolkit/editor/text_area.hpp"
+#include "toolkit/editor/wide_text.hpp"
 #include "toolkit/messages/modal.hpp"
 #include "toolkit/tesserakit.hpp"
 #include "toolkit/windows/windows.hpp"
@@ -22,8 +23,6 @@ namespace {
 
 namespace item = editor_item;
 
-Time now() { return XtLastTimestampProcessed(yydisplay.display); }
-
 // File
 
 void save(EditorRecord& editor) { save_document(editor); }
@@ -38,8 +37,18 @@ void close(EditorRecord& editor) {
 
 // Edit
 
-void cut(EditorRecord& editor) { XmTextCut(editor.text, now()); }
-void copy(EditorRecord& editor) { XmTextCopy(editor.text, now()); }
+void copy(EditorRecord& editor) {
+    const TextSelection selected = selection_of(editor);
+    if (selected.begin == selected.end) return;
+    copy_to_clipboard(utf8_text(text_piece(editor, selected.begin, selected.end)));
+}
+
+void cut(EditorRecord& editor) {
+    if (!editor_may_edit(editor.flags)) return;
+    copy(editor);
+    XmTextRemove(editor.text);
+}
+
 void paste(EditorRecord& editor) { XmTextPaste(editor.text); }
 void remove(EditorRecord& editor) { XmTextRemove(editor.text); }
 

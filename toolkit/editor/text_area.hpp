@@ -16,7 +16,8 @@
 
 namespace tesserakit {
 
-/// Keys and buttons that the widget hands on: 'o' overwrite, 's' Escape, 'p' the right button.
+/// Keys and buttons that the widget hands on: 's' Escape, 'p' the right button, 'x' and 'c' the
+/// keys that cut and copy beside those of the menu.
 using TextAreaKey = void (*)(EditorRecord& editor, char key, const XEvent& event);
 
 /// Creates the widget, in the place of the window's client area.
