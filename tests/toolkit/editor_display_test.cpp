@@ -49,8 +49,8 @@ public:
     OtherClient& operator=(const OtherClient&) = delete;
 
     /// What a selection holds, the program under test being polled meanwhile.
-    std::string text_of(const char* selection) {
-        XConvertSelection(display_, atom(selection), atom("UTF8_STRING"), atom("ANSWER"), window_,
+    std::string text_of(const char* selection, const char* target = "UTF8_STRING") {
+        XConvertSelection(display_, atom(selection), atom(target), atom("ANSWER"), window_,
                           CurrentTime);
         XFlush(display_);
         XEvent event;
@@ -292,6 +292,8 @@ TEST_F(Editor, ExchangesTextWithOtherPrograms) {
     const std::string copied = text();
     windowclosechild(window_);
     EXPECT_EQ(other.text_of("CLIPBOARD"), copied) << "it outlives the window";
+    EXPECT_EQ(other.text_of("CLIPBOARD", "STRING").substr(0, 1), "\xb5") << "of Latin-1";
+    EXPECT_NE(other.text_of("CLIPBOARD", "COMPOUND_TEXT").find("mid"), std::string::npos);
 }
 
 TEST_F(Editor, FindsAndReplaces) {

@@ -17,8 +17,6 @@ namespace tesserakit {
 
 namespace {
 
-constexpr int wheel_lines = 3;
-
 struct State {
     TextAreaKey key = nullptr;
 };
@@ -126,8 +124,6 @@ void yyEditKeyTrans(Widget text, XEvent* event, String* parameters, Cardinal* co
     EditorRecord* editor = *count > 0 ? editor_around(text) : nullptr;
     if (!editor) return;
     const char key = parameters[0][0];
-    if (key == '4' || key == '5')
-        return XmTextScroll(text, key == '4' ? -wheel_lines : wheel_lines);
     if (key == 'o') {
         XtCallActionProc(text, xt_name("toggle-overstrike"), event, nullptr, 0);
         editor->overwrite = !editor->overwrite;
@@ -160,9 +156,7 @@ constexpr char text_keys[] =
     "Shift ~Ctrl<Key>osfDelete: yyEditKeyTrans(x)\n"
     "~Shift ~Alt ~Meta<Key>osfInsert: yyEditKeyTrans(o)\n"
     "<Key>osfCancel: yyEditKeyTrans(s)\n"
-    "<Btn3Down>: yyEditKeyTrans(p)\n"
-    "<Btn4Down>: yyEditKeyTrans(4)\n"
-    "<Btn5Down>: yyEditKeyTrans(5)\n";
+    "<Btn3Down>: yyEditKeyTrans(p)\n";
 
 void register_keys_once() {
     static const bool known = [] {
