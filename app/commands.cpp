@@ -44,7 +44,9 @@ constexpr int for_opening = FileMustExist | FileKeepDirectory | FilePrompting;
 constexpr int stored_only = 32;  ///< a bit that the file box takes and makes nothing of
 constexpr int for_saving = stored_only | FileKeepDirectory | FilePrompting | FileSaving;
 
+/// What a file box has covered of the picture would stay unpainted behind the message.
 void warn(std::string_view file, std::string_view text, std::string_view title) {
+    wcfgl_display::display();
     wmessagebox(MessageOk, MessageWarning, 1, std::string(file) + "\n" + std::string(text), title);
 }
 
@@ -135,8 +137,7 @@ void close_file() {
     wcfgl_matom_tree::empty_matom_list();
 }
 
-/// Of a picture that couldn't be written the name isn't taken over either. The window is as it was
-/// before the user is told anything.
+/// Of a picture that couldn't be written the name isn't taken over either.
 void export_bitmap() {
     constexpr std::string_view title = "Save as Bitmap";
     const auto name = ask_for_file(for_saving, title, picture_files);
@@ -144,10 +145,8 @@ void export_bitmap() {
     const std::string reason = name ? write_bitmap(name->trimmed()) : std::string();
     return_to_window();
     if (!name) return;
-    if (reason.empty())
-        take_picture_name(*name);
-    else
-        warn(name->trimmed(), "The picture could not be saved.\n" + reason, title);
+    if (reason.empty()) return take_picture_name(*name);
+    warn(name->trimmed(), "The picture could not be saved.\n" + reason, title);
 }
 
 /// Into the working directory; the next listing replaces it.

@@ -403,6 +403,8 @@ TEST_F(Export, CancelledOrFailedLeavesTheNameAndTells) {
     EXPECT_THAT(calls_of("wmessagebox"),
                 ElementsAre(testing::AllOf(HasSubstr(folder_.name("a.png") + "\n"),
                                            HasSubstr("No space left on device"))));
+    EXPECT_EQ(gl_record::texts({"wglselect", "wglswapbuffers"}).back(), "wglswapbuffers()")
+        << "the window's picture, below the message";
     EXPECT_EQ(current_file_name.trimmed(), name_);
 }
 
