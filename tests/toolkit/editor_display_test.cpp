@@ -642,3 +642,36 @@ TEST_F(Editor, AProgramReadsWritesAndClosesAtAnyMoment) {
     keys({"F3"});
     EXPECT_EQ(editor_of(window_), nullptr);
 }
+
+TEST_F(Editor, ThePictureBelowIsWholeBetweenTwoBoxes) {
+    const std::string name = folder_.file("a.txt", plain);
+    open(name);
+    // What only the program could draw again, in the reach of the first box and not of the second.
+    const Point seen{790, 590};
+    constexpr unsigned drawn = 0xff0000;
+    const Window client = window_slot(0).client;
+    const GC gc = XCreateGC(yydisplay.display, client, 0, nullptr);
+    XSetForeground(yydisplay.display, gc, drawn);
+    XFillRectangle(yydisplay.display, client, gc, 0, 0, 200, 100);
+    XFreeGC(yydisplay.display, gc);
+    XSync(yydisplay.display, False);
+    EXPECT_EQ(pixel(seen), drawn);
+    unsigned below = 0;
+    const ModalVisit visit({
+        [&] {
+            if (!box_takes_keys() || box_title() != "Save As" || pixel(seen) == drawn) return false;
+            key("ctrl+slash");
+            type("/proc/none");
+            return key("Return"), true;
+        },
+        [&] {
+            if (!box_is_up()) return false;
+            below = pixel(seen);
+            return key("Return"), true;
+        },
+    });
+    key("F12");
+    poll_until([&] { return visit.over() && nModalWindows == 0; });
+    EXPECT_EQ(below, drawn);
+    EXPECT_EQ(pixel(seen), drawn);
+}

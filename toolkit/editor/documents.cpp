@@ -6,6 +6,7 @@
 #include "toolkit/editor/editor_bars.hpp"
 #include "toolkit/editor/text_area.hpp"
 #include "toolkit/messages/modal.hpp"
+#include "toolkit/messages/snapshots.hpp"
 #include "toolkit/windows/window_slots.hpp"
 #include "toolkit/windows/windows.hpp"
 
@@ -22,6 +23,16 @@ enum Answer : int { Yes = 1, No = 2 };
 constexpr int ok_button = 1;
 
 // Boxes
+
+/// One copy of the windows' pictures serves all boxes of a command: between two of them the program
+/// doesn't draw.
+class PicturesKept {
+public:
+    PicturesKept() { yygetwindowbitmap(true); }
+    ~PicturesKept() { yygetwindowbitmap(false); }
+    PicturesKept(const PicturesKept&) = delete;
+    PicturesKept& operator=(const PicturesKept&) = delete;
+};
 
 bool on_screen(Widget shell) {
     XWindowAttributes attributes;
@@ -219,6 +230,7 @@ void show_file(EditorRecord& editor, const std::string& name) {
 }
 
 void open_document(EditorRecord& editor) {
+    const PicturesKept pictures;
     const std::string name = chosen_name(editor, FileMustExist | FilePrompting, "Open");
     if (!name.empty()) show_file(editor, name);
 }
@@ -230,6 +242,7 @@ bool save_document(EditorRecord& editor) {
 }
 
 bool save_document_as(EditorRecord& editor) {
+    const PicturesKept pictures;
     const std::string name = chosen_name(editor, FileSaving | FilePrompting, "Save As");
     if (name.empty()) return false;
     const int slot = slot_of_file(editor, name);
@@ -249,6 +262,7 @@ void switch_document(EditorRecord& editor, int slot) {
 }
 
 Closed close_document(EditorRecord& editor) {
+    const PicturesKept pictures;
     if (!yyEditFileIsSaved(editor)) return Closed::Nothing;
     hold_of(editor) = FileHold();
     editor.buffers.close(editor.slot);
@@ -262,6 +276,7 @@ Closed close_document(EditorRecord& editor) {
 }
 
 bool may_close(EditorRecord& editor) {
+    const PicturesKept pictures;
     for (const int slot : editor.buffers.taken()) {
         if (slot != editor.slot && !editor.buffers.at(slot)->modified) continue;
         switch_document(editor, slot);
