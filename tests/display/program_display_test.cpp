@@ -1,10 +1,10 @@
 #include "tests/support/display_input.hpp"
+#include "tests/support/png_pixels.hpp"
 #include "tests/support/temp_file.hpp"
 
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-#include <png.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -400,18 +400,11 @@ TEST(ProgramDisplay, TheEditorDrivesThePictureAndHoldsItsFile) {
 }
 
 /// Colours of a PNG file's pixels as 0xrrggbb; none until it is whole.
-std::vector<unsigned> pixels_of_png(const std::string& name) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    if (png_image_begin_read_from_file(&image, name.c_str()) == 0) return {};
-    image.format = PNG_FORMAT_RGB;
-    std::vector<unsigned char> bytes(PNG_IMAGE_SIZE(image));
-    png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr);
-    EXPECT_EQ(image.warning_or_error, 0U) << image.message;
+std::vector<unsigned> colours_of_png(const std::string& name) {
+    const auto bytes = png_pixels(content_of(name));
     std::vector<unsigned> colours;
-    for (std::size_t at = 0; at < bytes.size(); at += 3)
-        colours.push_back(
-            static_cast<unsigned>(bytes[at] << 16 | bytes[at + 1] << 8 | bytes[at + 2]));
+    for (std::size_t i = 0; i < bytes.size(); i += 3)
+        colours.push_back(static_cast<unsigned>(bytes[i] << 16 | bytes[i + 1] << 8 | bytes[i + 2]));
     return colours;
 }
 
@@ -434,7 +427,7 @@ TEST(ProgramDisplay, AnExportIsTheWindowsPictureAndLeavesItAsItIs) {
         choose_in_file_menu(export_item);
         answer_file_box("Save as Bitmap", folder.name(name));
         EXPECT_TRUE(comes_to_show(shown, [&](const auto&) {
-            return pixels_of_png(folder.name(name)) == before;
+            return colours_of_png(folder.name(name)) == before;
         })) << name;
         EXPECT_TRUE(at_rest(shown) == before);
         // The second time with the file read again and again.

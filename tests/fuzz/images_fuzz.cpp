@@ -1,11 +1,10 @@
 // Any picture to each writer of image files, and back: PNG by libpng, BMP and PCX by the readers
 // below, which know of the formats what they need.
+#include "tests/support/png_pixels.hpp"
 #include "toolkit/image_write/bmp.hpp"
 #include "toolkit/image_write/palette.hpp"
 #include "toolkit/image_write/pcx.hpp"
 #include "toolkit/image_write/png.hpp"
-
-#include <png.h>
 
 #include <array>
 #include <cstddef>
@@ -64,17 +63,6 @@ Bytes pcx_pixels(const std::string& file, int width, int height, bool indexed) {
                     indexed ? static_cast<std::uint8_t>(file.at(next + 1 + 3U * values[at] + i))
                             : values[at]);
             }
-    return pixels;
-}
-
-Bytes png_pixels(const std::string& file) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    png_image_begin_read_from_memory(&image, file.data(), file.size());
-    image.format = PNG_FORMAT_RGB;
-    Bytes pixels(PNG_IMAGE_SIZE(image));
-    png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr);
-    require(image.warning_or_error == 0);
     return pixels;
 }
 

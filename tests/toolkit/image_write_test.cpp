@@ -1,3 +1,4 @@
+#include "tests/support/png_pixels.hpp"
 #include "tests/support/temp_file.hpp"
 #include "toolkit/image_write/bmp.hpp"
 #include "toolkit/image_write/pcx.hpp"
@@ -6,8 +7,6 @@
 #include <gmock/gmock.h>
 
 #include <zlib.h>
-
-#include <png.h>
 
 #include <algorithm>
 #include <array>
@@ -336,21 +335,9 @@ TEST(ImageFiles, ImageMagickReadsThem) {
     }
 }
 
-/// The pixels as libpng reads them; whatever it has to remark fails the test.
-Bytes read_by_libpng(const std::string& file) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    png_image_begin_read_from_memory(&image, file.data(), file.size());
-    image.format = PNG_FORMAT_RGB;
-    Bytes pixels(PNG_IMAGE_SIZE(image));
-    png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr);
-    EXPECT_EQ(image.warning_or_error, 0U) << image.message;
-    return pixels;
-}
-
 TEST(ImageFiles, LibpngReadsPngWithoutARemark) {
     for (const Picture& picture : gallery())
-        EXPECT_EQ(read_by_libpng(png_of(picture)), picture.as_written(false))
+        EXPECT_EQ(png_pixels(png_of(picture)), picture.as_written(false))
             << picture.width << " x " << picture.height;
 }
 

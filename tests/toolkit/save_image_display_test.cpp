@@ -1,4 +1,5 @@
 #include "tests/support/display_input.hpp"
+#include "tests/support/png_pixels.hpp"
 #include "tests/support/temp_file.hpp"
 
 #include <gmock/gmock.h>
@@ -12,7 +13,6 @@
 #include <GL/gl.h>
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>
-#include <png.h>
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -58,17 +58,6 @@ Bytes drawn_pixels(int width, int height) {
     return pixels;
 }
 
-Bytes pixels_of_png(const std::string& name) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    png_image_begin_read_from_file(&image, name.c_str());
-    image.format = PNG_FORMAT_RGB;
-    Bytes pixels(PNG_IMAGE_SIZE(image));
-    png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr);
-    EXPECT_EQ(image.warning_or_error, 0U) << image.message;
-    return pixels;
-}
-
 class SaveImageDisplay : public testing::Test {
 protected:
     SaveImageDisplay() {
@@ -86,7 +75,7 @@ protected:
 TEST_F(SaveImageDisplay, ThePictureOfOpenGLIsSavedInTheFormatOfItsName) {
     drawn_bitmap(600, 480);
     saved("a.png");
-    EXPECT_EQ(pixels_of_png(folder_.name("a.png")), drawn_pixels(600, 480));
+    EXPECT_EQ(png_pixels(content_of(folder_.name("a.png"))), drawn_pixels(600, 480));
     for (const char* name : {"a.png", "b.PnG", "c d.PNG"})
         EXPECT_THAT(saved(name), StartsWith("\211PNG")) << name;
     for (const char* name : {".bmp", "e.gwr.BMP"}) EXPECT_THAT(saved(name), StartsWith("BM"));
@@ -100,8 +89,8 @@ TEST_F(SaveImageDisplay, AnAreaIsCutOut) {
     drawn_bitmap(200, 100);
     const std::string name = folder_.name("part.png");
     ASSERT_EQ(yysaveimage(ImageFormat::Png, {98, 49, 3, 2}, name).status, 0);
-    EXPECT_EQ(pixels_of_png(name), (Bytes{255, 0, 0, 255, 0, 0, 255, 0, 0,  //
-                                          0, 0, 255, 0, 0, 255, 255, 0, 0}));
+    EXPECT_EQ(png_pixels(content_of(name)), (Bytes{255, 0, 0, 255, 0, 0, 255, 0, 0,  //
+                                                   0, 0, 255, 0, 0, 255, 255, 0, 0}));
     ASSERT_EQ(yysaveimage(ImageFormat::Pcx, {98, 49, 3, 2}, name).status, 0);
     EXPECT_EQ(content_of(name).substr(4, 8), (std::string{98, 0, 49, 0, 100, 0, 50, 0}));
 }
