@@ -42,7 +42,8 @@ struct Picture {
         for (int i = 0; indexed && i < width * height; ++i) {
             const int row = from_below ? height - 1 - i / width : i / width;
             std::uint8_t* rgb = &result[static_cast<std::size_t>(row * width + i % width) * 3];
-            const std::uint32_t colour = rgb[0] | rgb[1] << 8U | rgb[2] << 16U;
+            const std::uint32_t colour =
+                rgb[0] | std::uint32_t{rgb[1]} << 8U | std::uint32_t{rgb[2]} << 16U;
             if (std::ranges::find(known, colour) != known.end()) continue;
             if (known.size() < 256)
                 known.push_back(colour);
